@@ -1,0 +1,38 @@
+# Set-up and everyday commands. Each target installs what is missing first, so a fresh
+# Debian 12 machine needs nothing but `make demo` or `make check`.
+PRESET ?= default
+BUILD_DIR ?= build
+FUZZ_SECONDS ?= 60
+
+.PHONY: all deps configure build check demo bench fuzz format clean
+
+all: build
+
+deps:
+	@./scripts/install-deps.sh
+
+configure: deps
+	@if [ ! -f $(BUILD_DIR)/build.ninja ]; then cmake --preset $(PRESET); fi
+
+build: configure
+	cmake --build --preset $(PRESET)
+
+check: build
+	./scripts/run-tests.sh $(BUILD_DIR)
+
+demo: build
+	./scripts/demo.sh $(BUILD_DIR)
+
+bench: build
+	./scripts/run-bench.sh $(BUILD_DIR)
+
+fuzz: deps
+	@if [ ! -f build-fuzz/build.ninja ]; then cmake --preset fuzz; fi
+	cmake --build --preset fuzz
+	./scripts/run-fuzz.sh build-fuzz $(FUZZ_SECONDS)
+
+format:
+	git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf build build-debug build-fuzz

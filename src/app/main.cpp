@@ -1,0 +1,62 @@
+#include "AppSettings.h"
+#include "Log.h"
+#include "ProgramPaths.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdlib>
+
+namespace {
+
+// Qt's xcb platform carries the X selections of the single-instance guard; XWayland
+// provides it on Wayland desktops.
+void preferXcbPlatform()
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+}
+
+// Every relative file name of the program is relative to the executable's folder. The folder
+// comes from /proc rather than argv[0], which may be a bare name found along PATH.
+void changeToExecutableFolder()
+{
+    TAV_LOG(9, "QDir::currentDirPath=<%s>", QFile::encodeName(QDir::currentPath()).constData());
+    const QString folder = QFileInfo(applicationFilePath()).absolutePath();
+    if (!QDir::setCurrent(folder))
+        TAV_LOG(9, "Failed to change the current directory");
+    TAV_LOG(9, "QDir::currentDirPath=<%s>", QFile::encodeName(QDir::currentPath()).constData());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc < 3) {
+        ::log(9, "main", __LINE__, "main", "Usage: tav <devPath> <devName>");
+        return 1;
+    }
+    const AppSettings settings(argc, argv);
+    if (settings.has(QStringLiteral("--help")))
+        return 0;
+    if (settings.has(QStringLiteral("debug")) && logLevel < kDebugLogLevel)
+        logLevel = kDebugLogLevel;
+
+    preferXcbPlatform();
+    QApplication app(argc, argv);
+
+    TAV_LOG(9, "Qt version: build: <%x> run: <%s>", QT_VERSION, qVersion());
+    changeToExecutableFolder();
+    const QStringList& args = settings.arguments();
+    for (int i = 0; i < args.size(); ++i)
+        TAV_LOG(9, "arg[%d] = %s", i, QFile::encodeName(args.at(i)).constData());
+
+    const QString programDir = programDirFromArgument(argv[0], qgetenv("PATH"));
+    TAV_LOG(10, "programDir=<%s>", QFile::encodeName(programDir).constData());
+
+    TAV_LOG(9, "The settings dialog is not built yet: nothing more to show for %s.",
+            QFile::encodeName(args.at(2)).constData());
+    return 0;
+}

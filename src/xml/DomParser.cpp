@@ -1,0 +1,219 @@
+#include "DomParser.h"
+
+#include "Log.h"
+
+#include <QFile>
+#include <QIODevice>
+#include <QTextStream>
+#include <QXmlStreamReader>
+
+DomParser::DomParser()
+    : doc(QStringLiteral("doc"))
+{
+}
+
+DomParser::~DomParser() = default;
+
+bool DomParser::open(QIODevice* device)
+{
+    if (!device)
+        return false;
+    if (!device->open(QIODevice::ReadOnly)) {
+        const auto* file = qobject_cast<QFile*>(device);
+        const QByteArray name = file ? QFile::encodeName(file->fileName()) : QByteArray();
+        TAV_LOG(9, "Cannot open file: '%s'", name.constData());
+        return false;
+    }
+    const QByteArray data = device->read(kMaxDocumentBytes + 1);
+    device->close();
+    valid = parse(data);
+    return valid;
+}
+
+bool DomParser::setContent(const QString& text)
+{
+    valid = parse(text.toUtf8());
+    return valid;
+}
+
+bool DomParser::setContent(const QByteArray& data)
+{
+    valid = parse(data);
+    return valid;
+}
+
+bool DomParser::isValid() const
+{
+    return valid;
+}
+
+QString DomParser::screen(const QByteArray& data)
+{
+    if (data.size() > kMaxDocumentBytes)
+        return QStringLiteral("document larger than %1 bytes").arg(kMaxDocumentBytes);
+
+    QXmlStreamReader reader(data);
+    int depth = 0;
+    while (!reader.atEnd()) {
+        switch (reader.readNext()) {
+        case QXmlStreamReader::StartElement:
+            if (++depth > kMaxNestingDepth)
+                return QStringLiteral("elements nested deeper than %1 levels").arg(kMaxNestingDepth);
+            break;
+        case QXmlStreamReader::EndElement:
+            --depth;
+            break;
+        case QXmlStreamReader::DTD:
+            if (!reader.entityDeclarations().isEmpty())
+                return QStringLiteral("entity declarations are not accepted");
+            break;
+        default:
+            break;
+        }
+    }
+    // Syntax errors are left for the DOM parser to report with their position.
+    return QString();
+}
+
+bool DomParser::parse(const QByteArray& data)
+{
+    const QString refused = screen(data);
+    if (!refused.isEmpty()) {
+        TAV_LOG(9, "XML document refused: %s", qPrintable(refused));
+        doc.clear();
+        return false;
+    }
+    QString error;
+    int line = 0;
+    int column = 0;
+    if (!doc.setContent(data, &error, &line, &column)) {
+        TAV_LOG(10, "XML parse error at %d:%d: %s", line, column, qPrintable(error));
+        return false;
+    }
+    return true;
+}
+
+void DomParser::save(const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    QTextStream stream(&file);
+    doc.save(stream, 4);
+}
+
+QStringList DomParser::splitPath(const QString& path)
+{
+    return path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+}
+
+QDomNode DomParser::find(const QString& path) const
+{
+    return find(splitPath(path));
+}
+
+QDomNode DomParser::find(const QStringList& parts) const
+{
+    QDomNode node = doc;
+    for (const QString& part : parts) {
+        QDomNode child = node.firstChild();
+        while (!child.isNull() && !(child.isElement() && child.toElement().tagName() == part))
+            child = child.nextSibling();
+        if (child.isNull())
+            return QDomNode();
+        node = child;
+    }
+    return node;
+}
+
+QDomNode DomParser::create(const QString& path)
+{
+    return create(splitPath(path));
+}
+
+QDomNode DomParser::create(const QStringList& parts)
+{
+    QDomNode found = find(parts);
+    if (!found.isNull())
+        return found;
+    TAV_LOG(10, "need to create path!");
+    // The chain is rebuilt from the document node even when its leading part exists.
+    QDomNode node = doc;
+    for (const QString& part : parts)
+        node = node.appendChild(doc.createElement(part));
+    return node;
+}
+
+QString DomParser::text(const QDomNode& node)
+{
+    return node.isElement() ? node.toElement().text() : node.nodeValue();
+}
+
+QString DomParser::attribute(const QDomNode& node, const QString& name)
+{
+    return node.toElement().attribute(name);
+}
+
+QString DomParser::childText(const QDomNode& node, const QString& tagName)
+{
+    const QDomElement child = node.firstChildElement(tagName);
+    return child.isNull() ? QString() : child.text();
+}
+
+void DomParser::dumpNode(const QDomNode& node) const
+{
+    TAV_LOG(11, "<%s>", qPrintable(node.nodeName()));
+    const QDomNamedNodeMap attributes = node.attributes();
+    for (int i = 0; i < attributes.count(); ++i) {
+        const QDomNode a = attributes.item(i);
+        TAV_LOG(11, "    attribute: %s    value: %s    type: %d", qPrintable(a.nodeName()),
+                qPrintable(a.nodeValue()), int(a.nodeType()));
+    }
+    for (QDomElement child = node.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        if (child.childNodes().count() <= 1) {
+            TAV_LOG(11, "  name: %s    value: %s    type: %d", qPrintable(child.tagName()),
+                    qPrintable(child.text()), int(child.nodeType()));
+            continue;
+        }
+        const QDomNamedNodeMap childAttributes = child.attributes();
+        for (int i = 0; i < childAttributes.count(); ++i) {
+            const QDomNode a = childAttributes.item(i);
+            TAV_LOG(11, "%s\n    attribute: %s    value: %s    type: %d",
+                    qPrintable(child.tagName()), qPrintable(a.nodeName()),
+                    qPrintable(a.nodeValue()), int(a.nodeType()));
+        }
+    }
+}
+
+void DomParser::dumpNodes(const QString& title, const QList<QDomNode>& nodes) const
+{
+    TAV_LOG(11, "-------------------- %s: -------------------- ", qPrintable(title));
+    for (const QDomNode& node : nodes) {
+        QString line = QStringLiteral("name: %1    value: %2").arg(node.nodeName(), text(node));
+        const QDomNamedNodeMap attributes = node.attributes();
+        for (int i = 0; i < attributes.count(); ++i) {
+            const QDomNode a = attributes.item(i);
+            line += QStringLiteral("\n    AttrName: ") + a.nodeName() +
+                    QStringLiteral("    Value: ") + a.nodeValue();
+        }
+        TAV_LOG(11, "%s", qPrintable(line));
+    }
+}
+
+void DomParser::dumpDomElement(const QDomElement& element, const QString& indent) const
+{
+    // Iterative so that a deep document cannot exhaust the stack.
+    QList<QPair<QDomElement, QString>> pending{{element, indent}};
+    while (!pending.isEmpty()) {
+        const auto [current, prefix] = pending.takeLast();
+        if (current.isNull())
+            continue;
+        TAV_LOG(11, "%s%s", qPrintable(prefix), qPrintable(current.tagName()));
+        QList<QPair<QDomElement, QString>> children;
+        for (QDomElement c = current.firstChildElement(); !c.isNull(); c = c.nextSiblingElement())
+            children.append({c, prefix + QStringLiteral("  ")});
+        for (auto it = children.crbegin(); it != children.crend(); ++it)
+            pending.append(*it);
+    }
+}
