@@ -1,0 +1,243 @@
+#include "Log.h"
+#include "StderrCapture.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+#include <atomic>
+#include <cstdlib>
+
+// Counts heap allocations made while `counting` is set, through glibc's own allocator.
+extern "C" void* __libc_malloc(size_t);
+extern "C" void* __libc_calloc(size_t, size_t);
+extern "C" void* __libc_realloc(void*, size_t);
+namespace {
+std::atomic<bool> counting{false};
+std::atomic<int> allocations{0};
+void note()
+{
+    if (counting.load(std::memory_order_relaxed))
+        allocations.fetch_add(1, std::memory_order_relaxed);
+}
+} // namespace
+extern "C" void* malloc(size_t size)
+{
+    note();
+    return __libc_malloc(size);
+}
+extern "C" void* calloc(size_t n, size_t size)
+{
+    note();
+    return __libc_calloc(n, size);
+}
+extern "C" void* realloc(void* p, size_t size)
+{
+    note();
+    return __libc_realloc(p, size);
+}
+
+class TestLog : public QObject
+{
+    Q_OBJECT
+
+private:
+    static QByteArray logged(uint32_t level, const char* message)
+    {
+        StderrCapture capture;
+        ::log(level, "someFunction", 42, "Some.cpp", "%s", message);
+        return capture.text();
+    }
+
+private slots:
+    void cleanup() { logLevel = kDefaultLogLevel; }
+
+    void defaultLevel_data()
+    {
+        QTest::addColumn<uint>("level");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("0 bare") << 0u << QByteArray("message\n");
+        QTest::newRow("1 fatal") << 1u << QByteArray("FATAL: message\n");
+        QTest::newRow("2 emergency") << 2u << QByteArray("EMERGENCY: message\n");
+        QTest::newRow("3 alert") << 3u << QByteArray("ALERT: message\n");
+        QTest::newRow("4 critical") << 4u << QByteArray("CRITICAL: message\n");
+        QTest::newRow("5 error") << 5u << QByteArray("ERROR: message\n");
+        QTest::newRow("6 warning") << 6u << QByteArray("WARNING: message\n");
+        QTest::newRow("7 notice") << 7u << QByteArray("NOTICE: message\n");
+        QTest::newRow("8 info") << 8u << QByteArray("INFO: message\n");
+        QTest::newRow("9 ordinary") << 9u << QByteArray("message\n");
+        QTest::newRow("10 filtered") << 10u << QByteArray();
+        QTest::newRow("11 filtered") << 11u << QByteArray();
+    }
+
+    void defaultLevel()
+    {
+        QFETCH(uint, level);
+        QFETCH(QByteArray, expected);
+        QCOMPARE(logged(level, "message"), expected);
+    }
+
+    void debugPrefix()
+    {
+        logLevel = kDebugLogLevel;
+        const QByteArray line = logged(5, "broken");
+        const QRegularExpression shape(
+            QStringLiteral("^\\d{2}\\.\\d{2}:\\d{2}\\.\\d{3}\\|\\d+\\.[0-9A-F]+\\|Some\\.cpp:42\\|"
+                           "someFunction\\| ERROR: broken\\n$"));
+        QVERIFY2(shape.match(QString::fromLatin1(line)).hasMatch(), line.constData());
+        QVERIFY(line.contains(QByteArray::number(getpid()) + '.'));
+    }
+
+    void debugShowsDetail()
+    {
+        logLevel = kDebugLogLevel;
+        QVERIFY(logged(11, "chatty").endsWith("| chatty\n"));
+        QCOMPARE(logged(12, "too chatty"), QByteArray());
+    }
+
+    void bufferLimits_data()
+    {
+        QTest::addColumn<int>("length");
+        QTest::addColumn<int>("printed");
+        QTest::addColumn<int>("overflow");
+        QTest::newRow("short") << 100 << 100 << 0;
+        QTest::newRow("one short of exact") << 4095 << 4095 << 0;
+        QTest::newRow("exact fit loses one, counts none") << 4096 << 4095 << 0;
+        QTest::newRow("one over") << 4097 << 4095 << 1;
+        QTest::newRow("far over") << 10000 << 4095 << 10000 - 4096;
+    }
+
+    void bufferLimits()
+    {
+        QFETCH(int, length);
+        QFETCH(int, printed);
+        QFETCH(int, overflow);
+        const QByteArray message(length, 'x');
+        const QByteArray line = logged(9, message.constData());
+        QByteArray expected = message.left(printed);
+        if (overflow)
+            expected += "|mem_stream.overflow=" + QByteArray::number(overflow);
+        expected += '\n';
+        QCOMPARE(line, expected);
+    }
+
+    void overflowCountsPrefixToo()
+    {
+        logLevel = kDebugLogLevel;
+        const QByteArray line = logged(9, QByteArray(5000, 'y').constData());
+        const int prefixLength = int(line.indexOf('y'));
+        QVERIFY(prefixLength > 0);
+        const QByteArray suffix = "|mem_stream.overflow=";
+        QVERIFY(line.contains(suffix));
+        const int lost = line.mid(line.indexOf(suffix) + suffix.size()).trimmed().toInt();
+        QCOMPARE(prefixLength + 5000 - 4096, lost);
+        QCOMPARE(line.indexOf(suffix), 4095);
+    }
+
+    void noHeapAllocation_data()
+    {
+        QTest::addColumn<uint>("level");
+        QTest::addColumn<uint>("threshold");
+        QTest::newRow("written") << 9u << kDefaultLogLevel;
+        QTest::newRow("written with prefix") << 5u << kDebugLogLevel;
+        QTest::newRow("filtered") << 10u << kDefaultLogLevel;
+    }
+
+    void noHeapAllocation()
+    {
+        QFETCH(uint, level);
+        QFETCH(uint, threshold);
+        logLevel = threshold;
+        StderrCapture capture;
+        ::log(level, "warm", 1, "Up.cpp", "%s", "first call sets up time zone data");
+        allocations = 0;
+        counting = true;
+        ::log(level, "fn", 7, "File.cpp", "value %d of %s and %f", 3, "text", 2.5);
+        counting = false;
+        capture.text();
+        QCOMPARE(allocations.load(), 0);
+    }
+
+    void reportBuffer_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<uint>("shown");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("cut") << QByteArray("\x01\xab\xff", 3) << 2u
+                             << QByteArray("title: [0x01][0xab] ... 2 from 3\n");
+        QTest::newRow("all") << QByteArray("\x00\x10", 2) << 8u
+                             << QByteArray("title: [0x00][0x10]\n");
+        QTest::newRow("none shown") << QByteArray("abc") << 0u
+                                    << QByteArray("title:  ... 0 from 3\n");
+        QTest::newRow("empty") << QByteArray() << 4u << QByteArray("title: \n");
+    }
+
+    void reportBuffer()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(uint, shown);
+        QFETCH(QByteArray, expected);
+        StderrCapture capture;
+        ReportBuffer(bytes.constData(), uint32_t(bytes.size()), shown, "title: ");
+        QCOMPARE(capture.text(), expected);
+    }
+
+    void hexFunctions_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QByteArray>("byteString");
+        const QByteArray sixteen = QByteArray::fromHex("00112233445566778899aabbccddeeff");
+        QTest::newRow("empty") << QByteArray() << QString() << QByteArray();
+        QTest::newRow("three") << QByteArray("\x0a\xbc\xff", 3) << QStringLiteral("0ABCFF")
+                               << QByteArray("0abcff");
+        QTest::newRow("sixteen, no dots")
+            << sixteen << QStringLiteral("00112233445566778899AABBCCDDEEFF")
+            << QByteArray("00112233445566778899aabbccddeeff");
+        QTest::newRow("seventeen, cut")
+            << sixteen + '\x7f' << QStringLiteral("00112233445566778899AABBCCDDEEFF...")
+            << QByteArray("00112233445566778899aabbccddeeff7f");
+    }
+
+    void hexFunctions()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, text);
+        QFETCH(QByteArray, byteString);
+        QCOMPARE(hexText(bytes), text);
+        QCOMPARE(hexByteString(bytes), byteString);
+    }
+
+    void assertionGoesOn()
+    {
+        StderrCapture capture;
+        int after = 0;
+        TAV_ASSERT_TEXT(after == 1, "it != capsList.end()");
+        after = 2;
+        const QByteArray text = capture.text();
+        QVERIFY2(text.startsWith("ASSERT: \"it != capsList.end()\" in TestLog.cpp ("),
+                 text.constData());
+        QCOMPARE(after, 2);
+    }
+
+    void traceToStdoutShape()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        fflush(stdout);
+        const int saved = dup(STDOUT_FILENO);
+        dup2(file.handle(), STDOUT_FILENO);
+        traceToStdout("count=%d", 7);
+        fflush(stdout);
+        dup2(saved, STDOUT_FILENO);
+        close(saved);
+        file.seek(0);
+        const QString line = QString::fromLatin1(file.readAll());
+        QVERIFY2(QRegularExpression(QStringLiteral("^\\d{2}:\\d{2}:\\d{2}\\.\\d{3}> count=7\\n$"))
+                     .match(line)
+                     .hasMatch(),
+                 qPrintable(line));
+    }
+};
+
+QTEST_APPLESS_MAIN(TestLog)
+#include "TestLog.moc"

@@ -1,0 +1,240 @@
+#include "DomParser.h"
+
+#include <QBuffer>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <random>
+
+namespace {
+
+QByteArray nested(int depth)
+{
+    QByteArray text;
+    text.reserve(depth * 8);
+    for (int i = 0; i < depth; ++i)
+        text += "<a>";
+    for (int i = 0; i < depth; ++i)
+        text += "</a>";
+    return text;
+}
+
+const char kDevices[] = "<root><!-- models --><Devices>"
+                        "<Model NAME=\"first\" NETWORK=\"false\"><Note>one</Note></Model>"
+                        "<Model NAME=\"second\"/>"
+                        "</Devices><devices NAME=\"lower\"/></root>";
+
+} // namespace
+
+class TestDomParser : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void find_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("empty path is the document") << QString() << QStringLiteral("#document");
+        QTest::newRow("only slashes") << QStringLiteral("//") << QStringLiteral("#document");
+        QTest::newRow("root") << QStringLiteral("root") << QStringLiteral("root");
+        QTest::newRow("two steps") << QStringLiteral("root/Devices") << QStringLiteral("Devices");
+        QTest::newRow("empty parts dropped") << QStringLiteral("/root//Devices/")
+                                             << QStringLiteral("Devices");
+        QTest::newRow("first match wins") << QStringLiteral("root/Devices/Model/Note")
+                                          << QStringLiteral("Note");
+        QTest::newRow("case-sensitive") << QStringLiteral("root/DEVICES") << QString();
+        QTest::newRow("missing step") << QStringLiteral("root/Nothing/Devices") << QString();
+        QTest::newRow("comment is not a step") << QStringLiteral("root/#comment") << QString();
+    }
+
+    void find()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, name);
+        DomParser parser;
+        QVERIFY(parser.setContent(QString::fromLatin1(kDevices)));
+        const QDomNode node = parser.find(path);
+        QCOMPARE(node.isNull(), name.isEmpty());
+        if (!name.isEmpty())
+            QCOMPARE(node.nodeName(), name);
+    }
+
+    void firstSiblingWins()
+    {
+        DomParser parser;
+        QVERIFY(parser.setContent(QString::fromLatin1(kDevices)));
+        QCOMPARE(DomParser::attribute(parser.find(QStringLiteral("root/Devices/Model")),
+                                      QStringLiteral("NAME")),
+                 QStringLiteral("first"));
+    }
+
+    void textHelpers()
+    {
+        DomParser parser;
+        QVERIFY(parser.setContent(QString::fromLatin1(kDevices)));
+        const QDomNode model = parser.find(QStringLiteral("root/Devices/Model"));
+        QCOMPARE(DomParser::attribute(model, QStringLiteral("NETWORK")), QStringLiteral("false"));
+        QVERIFY(DomParser::attribute(model, QStringLiteral("IDS")).isEmpty());
+        QCOMPARE(DomParser::childText(model, QStringLiteral("Note")), QStringLiteral("one"));
+        QVERIFY(DomParser::childText(model, QStringLiteral("Missing")).isNull());
+        QCOMPARE(DomParser::text(model), QStringLiteral("one"));
+        const QDomNode comment = parser.find(QStringLiteral("root")).firstChild();
+        QVERIFY(comment.isComment());
+        QCOMPARE(DomParser::text(comment), QStringLiteral(" models "));
+    }
+
+    void createExisting()
+    {
+        DomParser parser;
+        QVERIFY(parser.setContent(QString::fromLatin1(kDevices)));
+        const QDomNode existing = parser.find(QStringLiteral("root/Devices"));
+        QCOMPARE(parser.create(QStringLiteral("root/Devices")), existing);
+        QCOMPARE(parser.document().childNodes().count(), 1);
+    }
+
+    void createRebuildsWholeChain()
+    {
+        DomParser parser;
+        QVERIFY(parser.setContent(QString::fromLatin1(kDevices)));
+        const QDomNode made = parser.create(QStringLiteral("root/Dependencies"));
+        QCOMPARE(made.nodeName(), QStringLiteral("Dependencies"));
+        // A second "root" is built even though one exists; the first one is untouched, so a
+        // later lookup by path still stops at the first "root".
+        QCOMPARE(made.parentNode().nodeName(), QStringLiteral("root"));
+        QCOMPARE(made.parentNode().parentNode(), QDomNode(parser.document()));
+        QVERIFY(made.parentNode() != parser.find(QStringLiteral("root")));
+        QVERIFY(parser.find(QStringLiteral("root/Dependencies")).isNull());
+    }
+
+    void createInEmptyDocument()
+    {
+        DomParser parser;
+        const QDomNode made = parser.create(QStringLiteral("root/IDSInfo"));
+        QCOMPARE(parser.find(QStringLiteral("root/IDSInfo")), made);
+    }
+
+    void validity()
+    {
+        DomParser parser;
+        QVERIFY(!parser.isValid());
+        QVERIFY(!parser.setContent(QStringLiteral("<root><open></root>")));
+        QVERIFY(!parser.isValid());
+        QVERIFY(parser.setContent(QStringLiteral("<root/>")));
+        QVERIFY(parser.isValid());
+        QVERIFY(!parser.setContent(QByteArray("<root")));
+        QVERIFY(!parser.isValid());
+    }
+
+    void openDevice()
+    {
+        DomParser parser;
+        QVERIFY(!parser.open(nullptr));
+
+        QByteArray bytes(kDevices);
+        QBuffer buffer(&bytes);
+        QVERIFY(parser.open(&buffer));
+        QVERIFY(!buffer.isOpen());
+        QVERIFY(!parser.find(QStringLiteral("root/Devices")).isNull());
+
+        // A file that cannot be opened leaves the earlier content and its validity alone.
+        QFile missing(QStringLiteral("/nonexistent/capabilities.xml"));
+        QVERIFY(!parser.open(&missing));
+        QVERIFY(parser.isValid());
+    }
+
+    void saveRoundTrip()
+    {
+        QTemporaryDir dir;
+        DomParser parser;
+        QVERIFY(parser.setContent(QString::fromLatin1(kDevices)));
+        const QString path = dir.filePath(QStringLiteral("saved.xml"));
+        parser.save(path);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray text = file.readAll();
+        QVERIFY2(text.contains("\n    <Devices>"), text.constData());
+        file.close();
+        DomParser again;
+        QVERIFY(again.open(&file));
+        QCOMPARE(again.document().toString(), parser.document().toString());
+        parser.save(QStringLiteral("/nonexistent/dir/file.xml")); // ignored, no crash
+    }
+
+    void hostile_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("not xml") << QByteArray("hello printer");
+        QTest::newRow("truncated") << QByteArray(kDevices).left(40);
+        QTest::newRow("mismatched tags") << QByteArray("<root><a></b></root>");
+        QTest::newRow("two documents") << QByteArray("<a/><b/>");
+        QTest::newRow("invalid utf-8")
+            << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?><root>\xff\xfe\xc3</root>");
+        QTest::newRow("nul bytes") << QByteArray("<root>\0\0\0</root>", 16);
+        QTest::newRow("entity bomb")
+            << QByteArray("<?xml version=\"1.0\"?><!DOCTYPE r [<!ENTITY a \"aaaaaaaaaa\">"
+                          "<!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;\">"
+                          "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;\">"
+                          "<!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;\">"
+                          "<!ENTITY e \"&d;&d;&d;&d;&d;&d;&d;&d;&d;&d;\">]><r>&e;&e;&e;</r>");
+        QTest::newRow("external entity")
+            << QByteArray("<!DOCTYPE r [<!ENTITY x SYSTEM \"file:///etc/passwd\">]><r>&x;</r>");
+        QTest::newRow("100000 levels") << nested(100000);
+        QTest::newRow("one level too deep") << nested(DomParser::kMaxNestingDepth + 1);
+        QTest::newRow("unclosed deep") << QByteArray(200000, '<');
+    }
+
+    void hostile()
+    {
+        QFETCH(QByteArray, bytes);
+        DomParser parser;
+        QVERIFY(parser.setContent(QStringLiteral("<ok/>")));
+        QVERIFY(!parser.setContent(bytes));
+        QVERIFY(!parser.isValid());
+        // The parser stays usable.
+        QVERIFY(parser.setContent(QByteArray("<root><Devices/></root>")));
+        QVERIFY(!parser.find(QStringLiteral("root/Devices")).isNull());
+    }
+
+    void oversized()
+    {
+        QByteArray big("<root>");
+        big += QByteArray(DomParser::kMaxDocumentBytes, ' ');
+        big += "</root>";
+        DomParser parser;
+        QVERIFY(!parser.setContent(big));
+        QVERIFY(!DomParser::screen(big).isEmpty());
+    }
+
+    void deepestAcceptedDocumentIsSafe()
+    {
+        // The limit must leave the DOM's recursive save and teardown well inside the stack.
+        QTemporaryDir dir;
+        {
+            DomParser parser;
+            QVERIFY(parser.setContent(nested(DomParser::kMaxNestingDepth)));
+            parser.save(dir.filePath(QStringLiteral("deep.xml")));
+        }
+        QVERIFY(QFileInfo(dir.filePath(QStringLiteral("deep.xml"))).size() > 4 * DomParser::kMaxNestingDepth);
+    }
+
+    void randomBytes()
+    {
+        std::mt19937 random(20261122);
+        std::uniform_int_distribution<int> byte(0, 255);
+        const QByteArray seed(kDevices);
+        for (int round = 0; round < 300; ++round) {
+            QByteArray data = seed;
+            for (int flips = 0; flips < 1 + round % 12; ++flips)
+                data[int(random() % uint(data.size()))] = char(byte(random));
+            DomParser parser;
+            parser.setContent(data);
+            parser.find(QStringLiteral("root/Devices/Model"));
+            parser.create(QStringLiteral("root/Dependencies"));
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDomParser)
+#include "TestDomParser.moc"
