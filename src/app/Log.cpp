@@ -17,8 +17,8 @@ namespace {
 constexpr size_t kLineCapacity = 4096;
 
 const char* const kLevelWords[] = {
-    nullptr,      "FATAL: ",  "EMERGENCY: ", "ALERT: ", "CRITICAL: ",
-    "ERROR: ",    "WARNING: ", "NOTICE: ",   "INFO: ",
+    nullptr,   "FATAL: ",   "EMERGENCY: ", "ALERT: ", "CRITICAL: ",
+    "ERROR: ", "WARNING: ", "NOTICE: ",    "INFO: ",
 };
 
 // A fixed buffer on the caller's stack. A text that does not fit is cut and the characters
@@ -76,7 +76,8 @@ void vtrace(FILE* out, const char* format, va_list args)
     char text[kLineCapacity];
     LineBuffer buffer{text, sizeof text};
     text[0] = '\0';
-    const QByteArray time = QTime::currentTime().toString(QStringLiteral("hh:mm:ss.zzz")).toLatin1();
+    const QByteArray time =
+        QTime::currentTime().toString(QStringLiteral("hh:mm:ss.zzz")).toLatin1();
     buffer.append("%s> ", time.constData());
     buffer.vappend(format, args);
     fprintf(out, "%s\n", text);
@@ -84,8 +85,7 @@ void vtrace(FILE* out, const char* format, va_list args)
 
 } // namespace
 
-void log(uint32_t level, const char* function, int line, const char* file, const char* format,
-         ...)
+void log(uint32_t level, const char* function, int line, const char* file, const char* format, ...)
 {
     if (level > logLevel)
         return;
@@ -124,8 +124,8 @@ void ReportBuffer(const void* data, uint32_t length, uint32_t shown, const char*
         line += item;
     }
     if (shown < length)
-        line += QByteArray(" ... ") + QByteArray::number(shown) + " from " +
-                QByteArray::number(length);
+        line +=
+            QByteArray(" ... ") + QByteArray::number(shown) + " from " + QByteArray::number(length);
     log(9, "ReportBuffer", __LINE__, sourceFileName(__FILE__), "%s", line.constData());
 }
 

@@ -18,8 +18,8 @@ constexpr uint32_t kDebugLogLevel = 11;
 
 // Writes one line to standard error. Formats into a fixed stack buffer: no heap allocation,
 // and nothing is formatted when the level is filtered out.
-void log(uint32_t level, const char* function, int line, const char* file, const char* format,
-         ...) __attribute__((format(printf, 5, 6)));
+void log(uint32_t level, const char* function, int line, const char* file, const char* format, ...)
+    __attribute__((format(printf, 5, 6)));
 
 // Logs at level 9: title, then "[0xNN]" for each of the first min(length, shown) bytes, then
 // " ... shown from length" when bytes were left out.
@@ -48,7 +48,8 @@ constexpr const char* sourceFileName(const char* path)
     return name;
 }
 
-#define TAV_LOG(level, ...) ::log((level), __func__, __LINE__, sourceFileName(__FILE__), __VA_ARGS__)
+#define TAV_LOG(level, ...)                                                                        \
+    ::log((level), __func__, __LINE__, sourceFileName(__FILE__), __VA_ARGS__)
 
 // Assertions report and let the program go on.
 #define TAV_ASSERT(cond)                                                                           \

@@ -41,3 +41,12 @@ QString programDirFromArgument(const QByteArray& argv0, const QByteArray& pathVa
         return QString();
     return QDir::cleanPath(QFileInfo(path).absolutePath());
 }
+
+QString resolveProgramPath(const QString& programDir, const QString& name)
+{
+    if (name.isEmpty())
+        return programDir;
+    if (name.startsWith(QLatin1String("./")))
+        return programDir + name.mid(1);
+    return QDir::cleanPath(programDir + QLatin1Char('/') + name);
+}

@@ -1,8 +1,9 @@
 #include "AppSettings.h"
 #include "Log.h"
 #include "ProgramPaths.h"
+#include "QtSingleApplication.h"
+#include "QtTranslation.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -45,7 +46,19 @@ int main(int argc, char** argv)
         logLevel = kDebugLogLevel;
 
     preferXcbPlatform();
-    QApplication app(argc, argv);
+    const QString instanceId = QString::asprintf("%s %s", argv[1], argv[2]);
+    QtSingleApplication app(instanceId, argc, argv, true);
+
+    const QString shareFolder =
+        QDir(QFileInfo(applicationFilePath()).absolutePath() + QStringLiteral("/../share"))
+            .absolutePath();
+    for (const char* const* name = translationNames; *name; ++name)
+        installTranslation(&app, shareFolder, QString::fromLatin1(*name));
+
+    // Another instance already works on this printer for this user: it keeps the device.
+    if (app.sendMessage(instanceId, 5000))
+        return 0;
+    app.initialize(false);
 
     TAV_LOG(9, "Qt version: build: <%x> run: <%s>", QT_VERSION, qVersion());
     changeToExecutableFolder();

@@ -56,8 +56,8 @@ class TestCommandLine : public QObject
 
     static const QRegularExpression& prefix()
     {
-        static const QRegularExpression re(
-            QStringLiteral("^\\d{2}\\.\\d{2}:\\d{2}\\.\\d{3}\\|\\d+\\.[0-9A-F]+\\|[^|]+:\\d+\\|[^|]*\\| "));
+        static const QRegularExpression re(QStringLiteral(
+            "^\\d{2}\\.\\d{2}:\\d{2}\\.\\d{3}\\|\\d+\\.[0-9A-F]+\\|[^|]+:\\d+\\|[^|]*\\| "));
         return re;
     }
 
@@ -86,7 +86,8 @@ private slots:
         QTest::newRow("last") << QStringList{QStringLiteral("lp0"), QStringLiteral("--help")};
         QTest::newRow("first") << QStringList{QStringLiteral("--help"), QStringLiteral("a"),
                                               QStringLiteral("b")};
-        QTest::newRow("with debug") << QStringList{QStringLiteral("debug"), QStringLiteral("--help")};
+        QTest::newRow("with debug")
+            << QStringList{QStringLiteral("debug"), QStringLiteral("--help")};
     }
 
     void help()
@@ -113,14 +114,15 @@ private slots:
         QVERIFY2(out.contains(QStringLiteral("arg[0] = ") + tavPath()), r.err.constData());
         QVERIFY(out.contains(QStringLiteral("arg[1] = /dev/usb/lp9")));
         QVERIFY(out.contains(QStringLiteral("arg[2] = Laser MFP")));
-        QVERIFY(out.contains(QStringLiteral("Qt version: build: <%1> run: <%2>")
-                                 .arg(QString::number(QT_VERSION, 16), QString::fromLatin1(qVersion()))));
+        QVERIFY(out.contains(
+            QStringLiteral("Qt version: build: <%1> run: <%2>")
+                .arg(QString::number(QT_VERSION, 16), QString::fromLatin1(qVersion()))));
         // The working directory changes from where the program was started to its own folder.
         const QStringList dirs = out.filter(QStringLiteral("QDir::currentDirPath=<"));
         QCOMPARE(dirs.size(), 2);
         QCOMPARE(dirs.at(0), QStringLiteral("QDir::currentDirPath=<%1>").arg(QDir::tempPath()));
-        QCOMPARE(dirs.at(1),
-                 QStringLiteral("QDir::currentDirPath=<%1>").arg(QDir(QStringLiteral(TAV_BIN_DIR)).canonicalPath()));
+        QCOMPARE(dirs.at(1), QStringLiteral("QDir::currentDirPath=<%1>")
+                                 .arg(QDir(QStringLiteral(TAV_BIN_DIR)).canonicalPath()));
         for (const QString& line : out)
             QVERIFY2(!prefix().match(line).hasMatch(), qPrintable(line));
         QVERIFY(!r.err.contains("_applicationFilePath"));
@@ -133,11 +135,11 @@ private slots:
         QTest::newRow("after") << QStringList{QStringLiteral("/dev/usb/lp0"), QStringLiteral("M"),
                                               QStringLiteral("debug")}
                                << 3;
-        QTest::newRow("first") << QStringList{QStringLiteral("debug"), QStringLiteral("/dev/usb/lp0"),
-                                              QStringLiteral("M")}
+        QTest::newRow("first") << QStringList{QStringLiteral("debug"),
+                                              QStringLiteral("/dev/usb/lp0"), QStringLiteral("M")}
                                << 1;
-        QTest::newRow("as devName") << QStringList{QStringLiteral("/dev/usb/lp0"), QStringLiteral("debug")}
-                                    << 2;
+        QTest::newRow("as devName")
+            << QStringList{QStringLiteral("/dev/usb/lp0"), QStringLiteral("debug")} << 2;
     }
 
     void debugAnywhere()
@@ -152,23 +154,28 @@ private slots:
         for (const QString& line : out)
             QVERIFY2(prefix().match(line).hasMatch(), qPrintable(line));
         QVERIFY(r.err.contains(QStringLiteral("| arg[%1] = debug\n").arg(debugIndex).toLatin1()));
-        QVERIFY(r.err.contains(
-            QStringLiteral("| _applicationFilePath='%1'\n").arg(QFileInfo(tavPath()).canonicalFilePath()).toLocal8Bit()));
+        QVERIFY(r.err.contains(QStringLiteral("| _applicationFilePath='%1'\n")
+                                   .arg(QFileInfo(tavPath()).canonicalFilePath())
+                                   .toLocal8Bit()));
     }
 
     void startedThroughPath()
     {
         QProcessEnvironment env = environment();
-        env.insert(QStringLiteral("PATH"),
-                   QStringLiteral("/nonexistent:") + QStringLiteral(TAV_BIN_DIR) + QStringLiteral(":/usr/bin"));
+        env.insert(QStringLiteral("PATH"), QStringLiteral("/nonexistent:") +
+                                               QStringLiteral(TAV_BIN_DIR) +
+                                               QStringLiteral(":/usr/bin"));
         // A shell that finds the program along PATH passes the bare name as argv[0].
         QProcess process;
         process.setProcessEnvironment(env);
         process.setWorkingDirectory(QDir::tempPath());
-        process.start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QStringLiteral("tav lp0 M debug")});
+        process.start(QStringLiteral("/bin/sh"),
+                      {QStringLiteral("-c"), QStringLiteral("tav lp0 M debug")});
         QVERIFY(process.waitForFinished(30000));
         QVERIFY(process.readAllStandardError().contains(
-            QStringLiteral("programDir=<%1>").arg(QDir::cleanPath(QStringLiteral(TAV_BIN_DIR))).toLocal8Bit()));
+            QStringLiteral("programDir=<%1>")
+                .arg(QDir::cleanPath(QStringLiteral(TAV_BIN_DIR)))
+                .toLocal8Bit()));
     }
 
     void programDir_data()
@@ -184,7 +191,8 @@ private slots:
                                              << QDir::cleanPath(cwd + QStringLiteral("/sub/dir"));
         QTest::newRow("dot slash") << QStringLiteral("./tav") << QString() << cwd;
         QTest::newRow("bare, found on second PATH entry")
-            << QStringLiteral("tav") << QStringLiteral("/nonexistent:") + bin + QStringLiteral(":/usr/bin")
+            << QStringLiteral("tav")
+            << QStringLiteral("/nonexistent:") + bin + QStringLiteral(":/usr/bin")
             << QDir::cleanPath(bin);
         QTest::newRow("bare, first PATH entry wins")
             << QStringLiteral("sh") << QStringLiteral("/bin:/usr/bin") << QStringLiteral("/bin");
@@ -197,7 +205,8 @@ private slots:
         QFETCH(QString, argv0);
         QFETCH(QString, path);
         QFETCH(QString, expected);
-        QCOMPARE(programDirFromArgument(QFile::encodeName(argv0), QFile::encodeName(path)), expected);
+        QCOMPARE(programDirFromArgument(QFile::encodeName(argv0), QFile::encodeName(path)),
+                 expected);
     }
 };
 

@@ -166,8 +166,8 @@ private slots:
                              << QByteArray("title: [0x01][0xab] ... 2 from 3\n");
         QTest::newRow("all") << QByteArray("\x00\x10", 2) << 8u
                              << QByteArray("title: [0x00][0x10]\n");
-        QTest::newRow("none shown") << QByteArray("abc") << 0u
-                                    << QByteArray("title:  ... 0 from 3\n");
+        QTest::newRow("none shown")
+            << QByteArray("abc") << 0u << QByteArray("title:  ... 0 from 3\n");
         QTest::newRow("empty") << QByteArray() << 4u << QByteArray("title: \n");
     }
 

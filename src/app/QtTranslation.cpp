@@ -1,0 +1,20 @@
+#include "QtTranslation.h"
+
+#include "Log.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QTranslator>
+
+void installTranslation(QCoreApplication* application, const QString& shareFolder,
+                        const QString& name)
+{
+    const QString folder = shareFolder + QStringLiteral("/tr");
+    const QString file = name + QLatin1Char('-') + QLocale::system().name();
+    TAV_LOG(10, "translation='%s/%s'", qPrintable(folder), qPrintable(file));
+    auto* translator = new QTranslator(application);
+    if (translator->load(file, folder))
+        application->installTranslator(translator);
+    else
+        delete translator;
+}

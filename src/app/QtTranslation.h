@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+class QCoreApplication;
+
+// Loads the Qt translation "<name>-<locale>" from the "tr" folder of the share folder and
+// installs it when it loads; a missing file is silently ignored.
+void installTranslation(QCoreApplication* application, const QString& shareFolder,
+                        const QString& name);

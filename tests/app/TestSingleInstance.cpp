@@ -1,0 +1,130 @@
+#include "QtSingleApplication.h"
+
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <unistd.h>
+
+class TestSingleInstance : public QObject
+{
+    Q_OBJECT
+
+    static QtSingleApplication* app() { return static_cast<QtSingleApplication*>(qApp); }
+
+    static QByteArray probe(const QString& id, const QByteArray& message)
+    {
+        QProcess process;
+        process.start(QStringLiteral(TAV_BIN_DIR "/../tests/SingleInstanceProbe"),
+                      {id, QString::fromUtf8(message)});
+        // Keep our own event loop turning: the probe's property write must reach us.
+        while (!process.waitForFinished(20))
+            QCoreApplication::processEvents();
+        return process.readAllStandardOutput().trimmed();
+    }
+
+private slots:
+    void selectionName_data()
+    {
+        QTest::addColumn<QByteArray>("user");
+        QTest::addColumn<QString>("id");
+        QTest::addColumn<QByteArray>("name");
+        QTest::newRow("plain") << QByteArray("anna") << QStringLiteral("/dev/usb/lp0 Laser MFP")
+                               << QByteArray("anna/dev/usb/lp0 Laser MFP");
+        QTest::newRow("no user") << QByteArray() << QStringLiteral("lp0 M") << QByteArray("lp0 M");
+        QTest::newRow("non-ASCII, one dash per byte")
+            << QByteArray("anna") << QStringLiteral("lp0 Drucker \u00e9")
+            << QByteArray("annalp0 Drucker --");
+        QTest::newRow("tab and newline kept")
+            << QByteArray("u") << QStringLiteral("a\tb\nc") << QByteArray("ua\tb\nc");
+        QTest::newRow("control characters")
+            << QByteArray("u") << QStringLiteral("a\rb\x7f") << QByteArray("ua-b-");
+    }
+
+    void selectionName()
+    {
+        QFETCH(QByteArray, user);
+        QFETCH(QString, id);
+        QFETCH(QByteArray, name);
+        QCOMPARE(QtSingleApplication::selectionName(user, id), name);
+    }
+
+    void namesCollideOnlyWhereTheyShould()
+    {
+        const QByteArray a = QtSingleApplication::selectionName("u", QStringLiteral("lp0 \u00e9"));
+        const QByteArray b = QtSingleApplication::selectionName("u", QStringLiteral("lp0 \u00e8"));
+        QCOMPARE(a, b);
+        QVERIFY(QtSingleApplication::selectionName("anna", QStringLiteral("lp0 M")) !=
+                QtSingleApplication::selectionName("bert", QStringLiteral("lp0 M")));
+    }
+
+    void firstInstanceIsNotRunningYet()
+    {
+        QVERIFY(!app()->isRunning());
+        QCOMPARE(probe(app()->id(), "hello"), QByteArray("running=0 sent=0"));
+    }
+
+    void secondInstanceHandsOver()
+    {
+        app()->initialize(false);
+        QVERIFY(app()->isRunning());
+        QSignalSpy received(app(), &QtSingleApplication::messageReceived);
+        QCOMPARE(probe(app()->id(), "lp0 Laser MFP"), QByteArray("running=1 sent=1"));
+        QTRY_COMPARE(received.count(), 1);
+        QCOMPARE(received.at(0).at(0).toString(), QStringLiteral("lp0 Laser MFP"));
+    }
+
+    void otherIdentifierRunsAlone()
+    {
+        QCOMPARE(probe(app()->id() + QStringLiteral(" other"), "x"),
+                 QByteArray("running=0 sent=0"));
+    }
+
+    void longMessageIsCut()
+    {
+        QSignalSpy received(app(), &QtSingleApplication::messageReceived);
+        const QByteArray longText(5000, 'm');
+        QCOMPARE(probe(app()->id(), longText), QByteArray("running=1 sent=1"));
+        QTRY_COMPARE(received.count(), 1);
+        QCOMPARE(received.at(0).at(0).toString().size(), QtSingleApplication::kMaxMessageBytes);
+    }
+
+    void secondProgramEndsAtOnce()
+    {
+        // The test's identifier has the shape "<devPath> <devName>" that tav forms.
+        const QStringList device = app()->id().split(QLatin1Char(' '));
+        QSignalSpy received(app(), &QtSingleApplication::messageReceived);
+        QProcess tav;
+        tav.start(QStringLiteral(TAV_BIN_DIR "/tav"), device);
+        while (!tav.waitForFinished(20))
+            QCoreApplication::processEvents();
+        QCOMPARE(tav.exitCode(), 0);
+        QVERIFY(!tav.readAllStandardError().contains("Qt version"));
+        QTRY_COMPARE(received.count(), 1);
+        QCOMPARE(received.at(0).at(0).toString(), app()->id());
+
+        QProcess other;
+        other.start(QStringLiteral(TAV_BIN_DIR "/tav"),
+                    {device.at(0), device.at(1) + QStringLiteral("-other")});
+        while (!other.waitForFinished(20))
+            QCoreApplication::processEvents();
+        QVERIFY(other.readAllStandardError().contains("Qt version"));
+    }
+
+    void initializeOnlyOnce()
+    {
+        const int before = QApplication::topLevelWidgets().size();
+        app()->initialize(true);
+        QCOMPARE(QApplication::topLevelWidgets().size(), before);
+        QVERIFY(app()->isRunning());
+    }
+};
+
+int main(int argc, char** argv)
+{
+    QtSingleApplication app(QStringLiteral("tav-test %1").arg(getpid()), argc, argv);
+    TestSingleInstance test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "TestSingleInstance.moc"
