@@ -58,7 +58,8 @@ QString DomParser::screen(const QByteArray& data)
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
             if (++depth > kMaxNestingDepth)
-                return QStringLiteral("elements nested deeper than %1 levels").arg(kMaxNestingDepth);
+                return QStringLiteral("elements nested deeper than %1 levels")
+                    .arg(kMaxNestingDepth);
             break;
         case QXmlStreamReader::EndElement:
             --depth;

@@ -4,7 +4,8 @@
 
 // The kinds of setting a settings specification can describe. The numbering is the order
 // of the keyword table and is printed in diagnostics, so it never changes.
-enum ElementType : int {
+enum ElementType : int
+{
     etUnknown = 0,
     etAbout = 1,
     etAddressBook = 2,

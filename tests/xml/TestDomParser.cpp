@@ -39,10 +39,10 @@ private slots:
         QTest::newRow("only slashes") << QStringLiteral("//") << QStringLiteral("#document");
         QTest::newRow("root") << QStringLiteral("root") << QStringLiteral("root");
         QTest::newRow("two steps") << QStringLiteral("root/Devices") << QStringLiteral("Devices");
-        QTest::newRow("empty parts dropped") << QStringLiteral("/root//Devices/")
-                                             << QStringLiteral("Devices");
-        QTest::newRow("first match wins") << QStringLiteral("root/Devices/Model/Note")
-                                          << QStringLiteral("Note");
+        QTest::newRow("empty parts dropped")
+            << QStringLiteral("/root//Devices/") << QStringLiteral("Devices");
+        QTest::newRow("first match wins")
+            << QStringLiteral("root/Devices/Model/Note") << QStringLiteral("Note");
         QTest::newRow("case-sensitive") << QStringLiteral("root/DEVICES") << QString();
         QTest::newRow("missing step") << QStringLiteral("root/Nothing/Devices") << QString();
         QTest::newRow("comment is not a step") << QStringLiteral("root/#comment") << QString();
@@ -216,7 +216,8 @@ private slots:
             QVERIFY(parser.setContent(nested(DomParser::kMaxNestingDepth)));
             parser.save(dir.filePath(QStringLiteral("deep.xml")));
         }
-        QVERIFY(QFileInfo(dir.filePath(QStringLiteral("deep.xml"))).size() > 4 * DomParser::kMaxNestingDepth);
+        QVERIFY(QFileInfo(dir.filePath(QStringLiteral("deep.xml"))).size() >
+                4 * DomParser::kMaxNestingDepth);
     }
 
     void randomBytes()

@@ -73,7 +73,8 @@ private slots:
         QTest::newRow("lower case") << QStringLiteral("group") << int(etUnknown);
         QTest::newRow("trailing blank") << QStringLiteral("INTEGER ") << int(etUnknown);
         QTest::newRow("the unknown word") << QStringLiteral("UNKNOWN") << int(etUnknown);
-        QTest::newRow("maintenance is known") << QStringLiteral("MAINTENANCE") << int(etInkJetMaintenance);
+        QTest::newRow("maintenance is known")
+            << QStringLiteral("MAINTENANCE") << int(etInkJetMaintenance);
         QTest::newRow("rowsplit is no type") << QStringLiteral("ROWSPLIT") << int(etUnknown);
     }
 
@@ -108,16 +109,24 @@ private slots:
         QTest::addColumn<bool>("ignored");
         QTest::addColumn<bool>("dateTime");
         QTest::addColumn<bool>("wireless");
-        QTest::newRow("WIFIDirectSetting") << QStringLiteral("WIFIDirectSetting") << true << false << false;
-        QTest::newRow("WiFiDirectSetting") << QStringLiteral("WiFiDirectSetting") << true << false << false;
-        QTest::newRow("RestoreNetwork") << QStringLiteral("RestoreNetwork") << true << false << false;
-        QTest::newRow("wifidirectsetting") << QStringLiteral("wifidirectsetting") << false << false << false;
+        QTest::newRow("WIFIDirectSetting")
+            << QStringLiteral("WIFIDirectSetting") << true << false << false;
+        QTest::newRow("WiFiDirectSetting")
+            << QStringLiteral("WiFiDirectSetting") << true << false << false;
+        QTest::newRow("RestoreNetwork")
+            << QStringLiteral("RestoreNetwork") << true << false << false;
+        QTest::newRow("wifidirectsetting")
+            << QStringLiteral("wifidirectsetting") << false << false << false;
         QTest::newRow("DateTime") << QStringLiteral("DateTime") << false << true << false;
-        QTest::newRow("TollSaveStartTime") << QStringLiteral("TollSaveStartTime") << false << true << false;
-        QTest::newRow("TollSaveEndTime") << QStringLiteral("TollSaveEndTime") << false << true << false;
+        QTest::newRow("TollSaveStartTime")
+            << QStringLiteral("TollSaveStartTime") << false << true << false;
+        QTest::newRow("TollSaveEndTime")
+            << QStringLiteral("TollSaveEndTime") << false << true << false;
         QTest::newRow("Datetime") << QStringLiteral("Datetime") << false << false << false;
-        QTest::newRow("WirelessSetting") << QStringLiteral("WirelessSetting") << false << false << true;
-        QTest::newRow("EasyWirelessSettings") << QStringLiteral("EasyWirelessSettings") << false << false << true;
+        QTest::newRow("WirelessSetting")
+            << QStringLiteral("WirelessSetting") << false << false << true;
+        QTest::newRow("EasyWirelessSettings")
+            << QStringLiteral("EasyWirelessSettings") << false << false << true;
         QTest::newRow("Gateway") << QStringLiteral("Gateway") << false << false << false;
     }
 

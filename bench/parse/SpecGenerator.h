@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QByteArray>
+
+// A settings specification of a given number of settings, shaped like a device's: groups of
+// forty settings mixing every common kind, a popup form in each group.
+class SpecGenerator
+{
+public:
+    static QByteArray generate(int settings);
+};

@@ -1,0 +1,6 @@
+#include "AddressBookElement.h"
+
+const char* AddressBookElement::receiverSlot() const
+{
+    return SLOT(addressBookClicked(const QString&));
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "ButtonElement.h"
+
+// Starts the address book tool.
+class AddressBookElement : public ButtonElement
+{
+    Q_OBJECT
+
+public:
+    using ButtonElement::ButtonElement;
+
+protected:
+    const char* receiverSlot() const override;
+};

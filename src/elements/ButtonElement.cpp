@@ -1,0 +1,51 @@
+#include "ButtonElement.h"
+
+#include "ControlBox.h"
+#include "MnemonicRegistry.h"
+#include "TraceLog.h"
+
+#include <QDomElement>
+#include <QPushButton>
+
+ButtonElement::ButtonElement(const QDomElement& node, int type, const QDomNode* parentNode,
+                             Element* parentElement)
+    : Element(node, type, parentNode, parentElement)
+    , _label(node.attribute(QStringLiteral("BUTTONLABEL")))
+{
+}
+
+void ButtonElement::connectSignals(QObject* receiver)
+{
+    Element::connectSignals(receiver);
+    reconnect(this, SIGNAL(buttonClicked(const QString&)), receiver, receiverSlot());
+}
+
+const char* ButtonElement::receiverSlot() const
+{
+    return SLOT(elementChanged(const QString&));
+}
+
+QString ButtonElement::buttonText() const
+{
+    return _label.isEmpty() ? title() : _label;
+}
+
+QWidget* ButtonElement::createControl(QWidget* parent)
+{
+    TAV_TRACE(11, "ButtonElement::createControl:\n%s", qPrintable(toString()));
+    // An empty caption keeps the button in the column of the other inputs.
+    QWidget* box = ControlBox::create(parent, QString(), Qt::AlignRight | Qt::AlignVCenter);
+    auto* button = new QPushButton(box);
+    button->setText(MnemonicRegistry::mark(box, button, buttonText()));
+    button->setAutoDefault(false);
+    connect(button, SIGNAL(clicked()), this, SLOT(onClick()));
+    ControlBox::addInput(box, button, buttonText());
+    setControl(button);
+    return box;
+}
+
+void ButtonElement::onClick()
+{
+    TAV_LOG(10, "ButtonElement::onClick() is executed");
+    emit buttonClicked(id());
+}

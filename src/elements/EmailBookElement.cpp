@@ -1,0 +1,6 @@
+#include "EmailBookElement.h"
+
+const char* EmailBookElement::receiverSlot() const
+{
+    return SLOT(emailBookClicked(const QString&));
+}

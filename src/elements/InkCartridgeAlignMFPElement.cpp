@@ -1,0 +1,6 @@
+#include "InkCartridgeAlignMFPElement.h"
+
+const char* InkCartridgeAlignMFPElement::receiverSlot() const
+{
+    return SLOT(inkCartridgeAlignMFPClicked(const QString&));
+}

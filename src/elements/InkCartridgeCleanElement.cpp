@@ -1,0 +1,6 @@
+#include "InkCartridgeCleanElement.h"
+
+const char* InkCartridgeCleanElement::receiverSlot() const
+{
+    return SLOT(inkCartridgeCleanClicked(const QString&));
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "ButtonElement.h"
+
+// Cleans the ink cartridges through its wizard.
+class InkCartridgeCleanElement : public ButtonElement
+{
+    Q_OBJECT
+
+public:
+    using ButtonElement::ButtonElement;
+
+protected:
+    const char* receiverSlot() const override;
+};

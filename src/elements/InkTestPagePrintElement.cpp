@@ -1,0 +1,6 @@
+#include "InkTestPagePrintElement.h"
+
+const char* InkTestPagePrintElement::receiverSlot() const
+{
+    return SLOT(inkTestPagePrintClicked(const QString&));
+}

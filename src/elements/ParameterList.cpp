@@ -1,0 +1,8 @@
+#include "ParameterList.h"
+
+#include "Parameter.h"
+
+ParameterList::~ParameterList()
+{
+    qDeleteAll(*this);
+}

@@ -1,0 +1,6 @@
+#include "PhoneBookElement.h"
+
+const char* PhoneBookElement::receiverSlot() const
+{
+    return SLOT(phoneBookClicked(const QString&));
+}

@@ -1,0 +1,6 @@
+#include "WirelessSetupElement.h"
+
+const char* WirelessSetupElement::receiverSlot() const
+{
+    return SLOT(wirelessSetupClicked(const QString&));
+}
