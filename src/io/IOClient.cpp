@@ -1,0 +1,281 @@
+#include "IOClient.h"
+
+#include "IOClientLocker.h"
+#include "Log.h"
+
+#include <QElapsedTimer>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int kWakeupTimeoutMs = 5000;
+
+int openFlags(QIODevice::OpenMode mode)
+{
+    int flags = O_NOCTTY | O_CLOEXEC;
+    if ((mode & QIODevice::ReadWrite) == QIODevice::ReadWrite)
+        flags |= O_RDWR;
+    else if (mode & QIODevice::WriteOnly)
+        flags |= O_WRONLY;
+    else
+        flags |= O_RDONLY;
+    if (mode & QIODevice::Append)
+        flags |= O_APPEND;
+    if (mode & QIODevice::Truncate)
+        flags |= O_TRUNC;
+    return flags;
+}
+
+uint32_t millisecondsOf(const QElapsedTimer& clock)
+{
+    return static_cast<uint32_t>(clock.elapsed());
+}
+
+} // namespace
+
+IOClient::IOClient(const QString& devicePath)
+    : QFile(devicePath)
+    , path(devicePath)
+    , usbEp0(this)
+{
+}
+
+IOClient::~IOClient() = default;
+
+bool IOClient::open(OpenMode mode)
+{
+    if (isOpen() || path.isEmpty())
+        return QFile::open(mode);
+    const int fd = ::open(QFile::encodeName(path).constData(), openFlags(mode));
+    if (fd < 0)
+        return QFile::open(mode); // fails again and records why
+    if (QFile::open(fd, mode, QFileDevice::AutoCloseHandle))
+        return true;
+    ::close(fd);
+    return false;
+}
+
+void IOClient::close()
+{
+    QFile::close();
+    setFileName(path);
+}
+
+unsigned IOClient::classicOpenMode(OpenMode mode)
+{
+    unsigned flags = 0;
+    if (mode & QIODevice::ReadOnly)
+        flags |= 0x01;
+    if (mode & QIODevice::WriteOnly)
+        flags |= 0x02;
+    if (mode & QIODevice::Append)
+        flags |= 0x04;
+    if (mode & QIODevice::Truncate)
+        flags |= 0x08;
+    if (mode & QIODevice::Text)
+        flags |= 0x10;
+    if (mode & QIODevice::Unbuffered)
+        flags |= 0x40;
+    return flags;
+}
+
+qint64 IOClient::writeBlock(const char* data, qint64 length)
+{
+    const qint64 written =
+        writePollUs == -1
+            ? write(data, length)
+            : polled(true, writePollUs, [&](int fd) { return ::write(fd, data, size_t(length)); });
+    if (written > 0 && logLevel >= 11)
+        TAV_LOG(11, "I/O: HOST>FW: %s [%d bytes]", qPrintable(hexText(data, int(written))),
+                int(written));
+    return written;
+}
+
+qint64 IOClient::readBlock(char* data, qint64 length)
+{
+    const qint64 received =
+        readPollUs == -1
+            ? read(data, length)
+            : polled(false, readPollUs, [&](int fd) { return ::read(fd, data, size_t(length)); });
+    if (received > 0 && logLevel >= 11)
+        TAV_LOG(11, "I/O: HOST<FW: %s [%d bytes]", qPrintable(hexText(data, int(received))),
+                int(received));
+    return received;
+}
+
+// One non-blocking transfer that waits up to `microseconds` for the device when it is not
+// ready. Bytes already waiting are taken without the wait: polling a terminal first costs a
+// context switch per block, which a large specification would pay thousands of times.
+// Returns what moved, 0 when the device stayed busy, -1 when it failed or went away.
+qint64 IOClient::polled(bool forWriting, int microseconds,
+                        const std::function<qint64(int fd)>& operation) const
+{
+    if (!isOpen())
+        return -1;
+    qint64 moved = nonBlocking(operation);
+    if (moved == kWouldBlock) {
+        const int ready = waitForDescriptor(forWriting, microseconds);
+        if (ready < 1)
+            return ready;
+        moved = nonBlocking(operation);
+    }
+    if (moved == kWouldBlock)
+        return 0;
+    if (moved == 0 && !forWriting && hungUp())
+        return -1; // end of file: the device hung up
+    return moved;
+}
+
+// Waits like select() would, and also reports a device that went away (hang-up or error
+// without data) as -1, so that a vanished device fails at once instead of looking idle.
+int IOClient::waitForDescriptor(bool forWriting, int microseconds) const
+{
+    pollfd descriptor{handle(), short(forWriting ? POLLOUT : POLLIN), 0};
+    if (descriptor.fd < 0)
+        return -1;
+    const int ready = poll(&descriptor, 1, (microseconds + 999) / 1000);
+    if (ready < 1)
+        return 0;
+    if (descriptor.revents & (forWriting ? POLLOUT : POLLIN))
+        return 1;
+    return (descriptor.revents & (POLLHUP | POLLERR | POLLNVAL)) ? -1 : 0;
+}
+
+// Readable but nothing to read: end of file if the device also reports a hang-up.
+bool IOClient::hungUp() const
+{
+    pollfd descriptor{handle(), POLLIN, 0};
+    return poll(&descriptor, 1, 0) > 0 && (descriptor.revents & (POLLHUP | POLLERR));
+}
+
+// One transfer with O_NONBLOCK set around it; kWouldBlock when the device was not ready.
+qint64 IOClient::nonBlocking(const std::function<qint64(int fd)>& operation) const
+{
+    const int fd = handle();
+    const int flags = fcntl(fd, F_GETFL);
+    fcntl(fd, F_SETFL, flags | O_NONBLOCK);
+    qint64 result = operation(fd);
+    const int savedErrno = errno;
+    fcntl(fd, F_SETFL, flags & ~O_NONBLOCK);
+    if (result < 0 && (savedErrno == EAGAIN || savedErrno == EWOULDBLOCK || savedErrno == EINTR))
+        result = kWouldBlock;
+    return result;
+}
+
+TransferResult IOClient::transferWithin(uint32_t length, int limitMs, const BlockStep& step)
+{
+    TransferResult result;
+    if (limitMs == -1) {
+        // Waits for ever while the device stays silent, as -1 promises.
+        while (result.size < length) {
+            const qint64 moved = step(result.size);
+            if (moved < 0)
+                return result;
+            result.size += uint32_t(moved);
+        }
+        result.ok = true;
+        return result;
+    }
+    QElapsedTimer clock;
+    clock.start();
+    while (result.size < length) {
+        result.elapsed = millisecondsOf(clock);
+        if (qint64(result.elapsed) >= limitMs)
+            return result;
+        const qint64 moved = step(result.size);
+        if (moved < 0) {
+            result.elapsed = millisecondsOf(clock);
+            return result;
+        }
+        result.size += uint32_t(moved);
+    }
+    result.elapsed = millisecondsOf(clock);
+    result.ok = true;
+    return result;
+}
+
+TransferResult IOClient::transferWhileMoving(uint32_t length, int idleMs, const BlockStep& step)
+{
+    if (idleMs == -1)
+        return transferWithin(length, -1, step);
+    TransferResult result;
+    QElapsedTimer clock;
+    QElapsedTimer idle;
+    clock.start();
+    idle.start();
+    while (result.size < length) {
+        if (idle.elapsed() >= idleMs) {
+            result.elapsed = millisecondsOf(clock);
+            return result;
+        }
+        const qint64 moved = step(result.size);
+        if (moved < 0) {
+            result.elapsed = millisecondsOf(clock);
+            return result;
+        }
+        if (moved > 0) {
+            result.size += uint32_t(moved);
+            idle.restart();
+        }
+    }
+    result.elapsed = millisecondsOf(clock);
+    result.ok = true;
+    return result;
+}
+
+TransferResult IOClient::writeWithLimit(const char* data, uint32_t length, int limitMs)
+{
+    return transferWithin(length, limitMs, [&](uint32_t done) {
+        return writeBlock(data + done, qint64(length - done));
+    });
+}
+
+TransferResult IOClient::readWithLimit(char* data, uint32_t length, int limitMs)
+{
+    return transferWithin(length, limitMs, [&](uint32_t done) {
+        return readBlock(data + done, qint64(length - done));
+    });
+}
+
+int IOClient::limitLeftForRead(int limitMs, uint32_t elapsedMs) const
+{
+    if (limitMs == -1)
+        return -1;
+    return qMax(0, limitMs - int(elapsedMs)); // never -1 by subtraction: that would wait for ever
+}
+
+void IOClient::logResult(const char* what, const TransferResult& result)
+{
+    TAV_LOG(10, "%s\nresult = %s    size = %u bytes    elapsed = %u ms    ", what,
+            result.ok ? "OK" : "FAIL", result.size, result.elapsed);
+}
+
+TransferResult IOClient::command(const char* writeData, uint32_t writeLength, char* readBuffer,
+                                 uint32_t readLength, int limitMs)
+{
+    TransferResult result;
+    if (!usbEp0.wakeup_ensure(kWakeupTimeoutMs))
+        TAV_LOG(10, "wakeup failed");
+
+    IOClientLocker locker(this);
+    if (!locker.isValid()) {
+        TAV_LOG(9, "IOClient::command(): can't open device: <%s> !", qPrintable(path));
+        return result;
+    }
+
+    QElapsedTimer clock;
+    clock.start();
+    result = writeWithLimit(writeData, writeLength, limitMs);
+    logResult("IOClient::command(): write command data:", result);
+    if (!result.ok)
+        return result;
+
+    const int readLimit = limitLeftForRead(limitMs, millisecondsOf(clock));
+    result = readWithLimit(readBuffer, readLength, readLimit);
+    logResult("IOClient::command(): read response data:", result);
+    return result;
+}

@@ -1,0 +1,270 @@
+// umockdev's headers come first: they must not see Qt's keyword macros.
+#include <umockdev.h>
+
+#include "UsbPrinterMock.h"
+
+#include <QtGlobal>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstring>
+#include <linux/usbdevice_fs.h>
+#include <mutex>
+#include <sys/ioctl.h>
+
+namespace {
+
+constexpr unsigned long kLpiocGetDeviceId1024 = 0x84005001UL;
+constexpr unsigned long kLpiocGetBusAddress = 0x80085005UL;
+constexpr const char* kUsblpNode = "/dev/usb/lp0";
+constexpr const char* kUsbNode = "/dev/bus/usb/003/007";
+
+// A printer-class interface with a bulk OUT and a bulk IN endpoint.
+constexpr const char* kDevices =
+    "P: /devices/pci0000:00/0000:00:14.0/usb3/3-1\n"
+    "N: bus/usb/003/007\n"
+    "E: DEVNAME=/dev/bus/usb/003/007\n"
+    "E: DEVTYPE=usb_device\n"
+    "E: DRIVER=usb\n"
+    "E: SUBSYSTEM=usb\n"
+    "E: BUSNUM=003\n"
+    "E: DEVNUM=007\n"
+    "A: busnum=3\n"
+    "A: devnum=7\n"
+    "A: speed=480\n"
+    "A: idVendor=04f9\n"
+    "A: idProduct=0042\n"
+    "A: bConfigurationValue=1\n"
+    "A: bNumConfigurations=1\n"
+    "A: dev=189:262\n"
+    // device, configuration, interface 7/1/2, endpoints 0x01 and 0x82
+    "H: descriptors=1201000200000040F9044200000101020301"
+    "09022000010100C032"
+    "090400000207010200"
+    "07050102000200"
+    "07058202000200\n"
+    "\n"
+    "P: /devices/pci0000:00/0000:00:14.0/usb3/3-1/3-1:1.0/usbmisc/lp0\n"
+    "N: usb/lp0\n"
+    "E: DEVNAME=/dev/usb/lp0\n"
+    "E: SUBSYSTEM=usbmisc\n"
+    "A: dev=180:0\n";
+
+} // namespace
+
+struct UsbPrinterMock::Private
+{
+    UMockdevTestbed* testbed = nullptr;
+    UMockdevIoctlBase* usblpHandler = nullptr;
+    UMockdevIoctlBase* usbHandler = nullptr;
+
+    mutable std::mutex mutex;
+    Behaviour behaviour;
+    QList<uint8_t> requests;
+    int statusProbes = 0;
+    int opens = 0;
+    QList<gulong> finishedUrbs;
+
+    void answerUsblp(UMockdevIoctlClient* client);
+    void answerUsb(UMockdevIoctlClient* client);
+    void submit(UMockdevIoctlClient* client);
+    void reap(UMockdevIoctlClient* client);
+    // The device's answer to a control request: the bytes, or a negative errno status.
+    int controlReply(const unsigned char* setup, QByteArray& reply);
+};
+
+void UsbPrinterMock::Private::answerUsblp(UMockdevIoctlClient* client)
+{
+    std::lock_guard<std::mutex> lock(mutex);
+    const gulong request = umockdev_ioctl_client_get_request(client);
+    UMockdevIoctlData* argument = umockdev_ioctl_client_get_arg(client);
+    if (request == kLpiocGetBusAddress && !behaviour.busAddressFails) {
+        UMockdevIoctlData* data =
+            umockdev_ioctl_data_resolve(argument, 0, 2 * sizeof(int), nullptr);
+        const int address[2] = {behaviour.busNumber, behaviour.deviceAddress};
+        memcpy(data->data, address, sizeof address);
+        umockdev_ioctl_client_complete(client, 0, 0);
+    } else if (request == kLpiocGetDeviceId1024 && !behaviour.deviceId.isEmpty()) {
+        UMockdevIoctlData* data = umockdev_ioctl_data_resolve(argument, 0, 1024, nullptr);
+        const int length = int(qMin<qsizetype>(behaviour.deviceId.size(), 1022)) + 2;
+        data->data[0] = uint8_t(length >> 8);
+        data->data[1] = uint8_t(length);
+        memcpy(data->data + 2, behaviour.deviceId.constData(), size_t(length - 2));
+        umockdev_ioctl_client_complete(client, 0, 0);
+    } else {
+        umockdev_ioctl_client_complete(client, -1, request == kLpiocGetBusAddress ? EIO : ENOTTY);
+    }
+}
+
+void UsbPrinterMock::Private::answerUsb(UMockdevIoctlClient* client)
+{
+    std::lock_guard<std::mutex> lock(mutex);
+    switch (umockdev_ioctl_client_get_request(client)) {
+    case USBDEVFS_SUBMITURB:
+        submit(client);
+        break;
+    case USBDEVFS_REAPURB:
+    case USBDEVFS_REAPURBNDELAY:
+        reap(client);
+        break;
+    default:
+        umockdev_ioctl_client_complete(client, -1, ENOTTY);
+    }
+}
+
+int UsbPrinterMock::Private::controlReply(const unsigned char* setup, QByteArray& reply)
+{
+    const uint8_t requestType = setup[0];
+    const uint8_t request = setup[1];
+    requests.append(request);
+    if (behaviour.controlStalls)
+        return -EPIPE;
+    if (requestType == 0xC1 && request == 0x02) {
+        const bool silent = behaviour.silentProbes < 0 || statusProbes < behaviour.silentProbes;
+        ++statusProbes;
+        if (silent)
+            return 0;
+        reply = QByteArray(behaviour.statusLength, '\0');
+        const char id[3] = {char(behaviour.statusId >> 16), char(behaviour.statusId >> 8),
+                            char(behaviour.statusId)};
+        for (int i = 0; i < 3 && i + 1 < reply.size(); ++i)
+            reply[i + 1] = id[i];
+        return 0;
+    }
+    if (requestType == 0xC1 && request == 0x99)
+        return behaviour.wakeupFails ? -EPIPE : 0;
+    if (requestType == 0xC1 && request == 0xE0) {
+        reply = behaviour.extendedId;
+        return 0;
+    }
+    if (requestType == 0xA1 && request == 0x00) {
+        reply = behaviour.classDeviceId;
+        return 0;
+    }
+    return -EPIPE;
+}
+
+// Completes a control URB at once. A reply longer than the host asked for is what a
+// babbling device causes: the kernel reports an overflow and nothing more.
+void UsbPrinterMock::Private::submit(UMockdevIoctlClient* client)
+{
+    UMockdevIoctlData* argument = umockdev_ioctl_client_get_arg(client);
+    const gulong address = *reinterpret_cast<gulong*>(argument->data);
+    UMockdevIoctlData* urbData =
+        umockdev_ioctl_data_resolve(argument, 0, sizeof(usbdevfs_urb), nullptr);
+    auto* urb = reinterpret_cast<usbdevfs_urb*>(urbData->data);
+    UMockdevIoctlData* buffer = umockdev_ioctl_data_resolve(urbData, offsetof(usbdevfs_urb, buffer),
+                                                            size_t(urb->buffer_length), nullptr);
+    if (urb->type != USBDEVFS_URB_TYPE_CONTROL || !buffer || urb->buffer_length < 8) {
+        umockdev_ioctl_client_complete(client, -1, EINVAL);
+        return;
+    }
+    const unsigned char* setup = buffer->data;
+    const int wanted = setup[6] | setup[7] << 8;
+    QByteArray reply;
+    int status = controlReply(setup, reply);
+    int length = int(qMin<qsizetype>(reply.size(), wanted));
+    if (status == 0 && reply.size() > wanted)
+        status = -EOVERFLOW;
+    memcpy(buffer->data + 8, reply.constData(), size_t(length));
+    urb->status = status;
+    urb->actual_length = status == -EPIPE ? 0 : length;
+    finishedUrbs.append(address);
+    umockdev_ioctl_client_complete(client, 0, 0);
+}
+
+void UsbPrinterMock::Private::reap(UMockdevIoctlClient* client)
+{
+    if (finishedUrbs.isEmpty()) {
+        umockdev_ioctl_client_complete(client, -1, EAGAIN);
+        return;
+    }
+    UMockdevIoctlData* argument = umockdev_ioctl_client_get_arg(client);
+    UMockdevIoctlData* target = umockdev_ioctl_data_resolve(argument, 0, sizeof(gulong), nullptr);
+    const gulong address = finishedUrbs.takeFirst();
+    memcpy(target->data, &address, sizeof address);
+    umockdev_ioctl_client_complete(client, 0, 0);
+}
+
+UsbPrinterMock::UsbPrinterMock()
+    : d(std::make_unique<Private>())
+{
+    d->testbed = umockdev_testbed_new();
+    GError* error = nullptr;
+    if (!umockdev_testbed_add_from_string(d->testbed, kDevices, &error))
+        qFatal("umockdev: %s", error->message);
+    d->usblpHandler = umockdev_ioctl_base_new();
+    d->usbHandler = umockdev_ioctl_base_new();
+    using IoctlHandler = gboolean (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, Private*);
+    using OpenHandler = void (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, Private*);
+    const IoctlHandler usblpIoctl = [](UMockdevIoctlBase*, UMockdevIoctlClient* client,
+                                       Private* self) -> gboolean {
+        self->answerUsblp(client);
+        return TRUE;
+    };
+    const IoctlHandler usbIoctl = [](UMockdevIoctlBase*, UMockdevIoctlClient* client,
+                                     Private* self) -> gboolean {
+        self->answerUsb(client);
+        return TRUE;
+    };
+    const OpenHandler opened = [](UMockdevIoctlBase*, UMockdevIoctlClient*, Private* self) {
+        std::lock_guard<std::mutex> lock(self->mutex);
+        ++self->opens;
+    };
+    g_signal_connect(d->usblpHandler, "handle-ioctl", G_CALLBACK(usblpIoctl), d.get());
+    g_signal_connect(d->usblpHandler, "client-connected", G_CALLBACK(opened), d.get());
+    g_signal_connect(d->usbHandler, "handle-ioctl", G_CALLBACK(usbIoctl), d.get());
+    if (!umockdev_testbed_attach_ioctl(d->testbed, kUsblpNode, d->usblpHandler, &error) ||
+        !umockdev_testbed_attach_ioctl(d->testbed, kUsbNode, d->usbHandler, &error))
+        qFatal("umockdev: %s", error->message);
+}
+
+UsbPrinterMock::~UsbPrinterMock()
+{
+    g_object_unref(d->testbed);
+    g_object_unref(d->usblpHandler);
+    g_object_unref(d->usbHandler);
+}
+
+void UsbPrinterMock::setBehaviour(const Behaviour& behaviour)
+{
+    clearRecord();
+    std::lock_guard<std::mutex> lock(d->mutex);
+    d->behaviour = behaviour;
+}
+
+void UsbPrinterMock::clearRecord()
+{
+    std::lock_guard<std::mutex> lock(d->mutex);
+    d->requests.clear();
+    d->statusProbes = 0;
+    d->opens = 0;
+}
+
+QString UsbPrinterMock::usblpPath() const
+{
+    return QString::fromLatin1(kUsblpNode);
+}
+
+int UsbPrinterMock::dataMaster() const
+{
+    return umockdev_testbed_get_dev_fd(d->testbed, kUsblpNode);
+}
+
+QList<uint8_t> UsbPrinterMock::controlRequests() const
+{
+    std::lock_guard<std::mutex> lock(d->mutex);
+    return d->requests;
+}
+
+int UsbPrinterMock::countOf(uint8_t request) const
+{
+    std::lock_guard<std::mutex> lock(d->mutex);
+    return int(d->requests.count(request));
+}
+
+int UsbPrinterMock::usblpOpens() const
+{
+    std::lock_guard<std::mutex> lock(d->mutex);
+    return d->opens;
+}
