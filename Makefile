@@ -4,7 +4,7 @@ PRESET ?= default
 BUILD_DIR ?= build
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps configure build check demo bench fuzz format clean
+.PHONY: all deps configure build check demo bench fuzz format translations clean
 
 all: build
 
@@ -30,6 +30,9 @@ fuzz: deps
 	@if [ ! -f build-fuzz/build.ninja ]; then cmake --preset fuzz; fi
 	cmake --build --preset fuzz
 	./scripts/run-fuzz.sh build-fuzz $(FUZZ_SECONDS)
+
+translations: deps
+	/usr/lib/qt6/bin/lupdate -locations none -no-obsolete src -ts share/tr/tav-de.ts
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

@@ -9,7 +9,7 @@ packages=(
   libqt6svg6 qt6-translations-l10n
   libusb-1.0-0-dev libx11-dev
   umockdev libumockdev-dev
-  xvfb xauth xdotool x11-utils
+  xvfb xauth xdotool x11-utils imagemagick
   clang-14 libclang-rt-14-dev
   locales
 )
@@ -21,15 +21,30 @@ for p in "${packages[@]}"; do
   fi
 done
 
-if [ ${#missing[@]} -eq 0 ]; then
-  exit 0
-fi
-
-echo "Installing: ${missing[*]}"
 sudo_cmd=()
 if [ "$(id -u)" -ne 0 ]; then
   sudo_cmd=(sudo)
 fi
-export DEBIAN_FRONTEND=noninteractive
-"${sudo_cmd[@]}" apt-get update -qq
-"${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
+
+if [ ${#missing[@]} -gt 0 ]; then
+  echo "Installing: ${missing[*]}"
+  export DEBIAN_FRONTEND=noninteractive
+  "${sudo_cmd[@]}" apt-get update -qq
+  "${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi
+
+# The translation tests run the program under English and German locales.
+wanted_locales=(en_US.UTF-8 de_DE.UTF-8)
+available=$(locale -a 2>/dev/null | tr 'A-Z' 'a-z' | sed 's/utf-8/utf8/')
+need_gen=0
+for l in "${wanted_locales[@]}"; do
+  key=$(echo "$l" | tr 'A-Z' 'a-z' | sed 's/utf-8/utf8/')
+  if ! grep -qx "$key" <<<"$available"; then
+    need_gen=1
+    "${sudo_cmd[@]}" sed -i "s/^# *\($l UTF-8\)/\1/" /etc/locale.gen
+    grep -q "^$l UTF-8" /etc/locale.gen || echo "$l UTF-8" | "${sudo_cmd[@]}" tee -a /etc/locale.gen >/dev/null
+  fi
+done
+if [ "$need_gen" -eq 1 ]; then
+  "${sudo_cmd[@]}" locale-gen >/dev/null
+fi

@@ -12,7 +12,9 @@ namespace {
 __attribute__((noinline)) void emptyCall(uint32_t level, const char* function, int line,
                                          const char* file, const char* format, int value)
 {
-    asm volatile("" : : "r"(level), "r"(function), "r"(line), "r"(file), "r"(format), "r"(value)
+    asm volatile(""
+                 :
+                 : "r"(level), "r"(function), "r"(line), "r"(file), "r"(format), "r"(value)
                  : "memory");
 }
 
@@ -40,19 +42,15 @@ int main()
     dup2(devNull, STDERR_FILENO);
 
     logLevel = kDefaultLogLevel;
-    const double baseline = nanosecondsPerCall(20000000, [](int i) {
-        emptyCall(11, __func__, __LINE__, "bench_log.cpp", "value=%d", i);
-    });
-    const double filtered = nanosecondsPerCall(20000000, [](int i) {
-        TAV_LOG(11, "value=%d text=%s", i, "filtered");
-    });
-    const double written = nanosecondsPerCall(200000, [](int i) {
-        TAV_LOG(9, "value=%d text=%s", i, "written");
-    });
+    const double baseline = nanosecondsPerCall(
+        20000000, [](int i) { emptyCall(11, __func__, __LINE__, "bench_log.cpp", "value=%d", i); });
+    const double filtered =
+        nanosecondsPerCall(20000000, [](int i) { TAV_LOG(11, "value=%d text=%s", i, "filtered"); });
+    const double written =
+        nanosecondsPerCall(200000, [](int i) { TAV_LOG(9, "value=%d text=%s", i, "written"); });
     logLevel = kDebugLogLevel;
-    const double prefixed = nanosecondsPerCall(200000, [](int i) {
-        TAV_LOG(9, "value=%d text=%s", i, "written with prefix");
-    });
+    const double prefixed = nanosecondsPerCall(
+        200000, [](int i) { TAV_LOG(9, "value=%d text=%s", i, "written with prefix"); });
 
     dup2(saved, STDERR_FILENO);
     close(devNull);

@@ -1,12 +1,16 @@
 #include "AppSettings.h"
+#include "Configurator.h"
 #include "Log.h"
 #include "ProgramPaths.h"
 #include "QtSingleApplication.h"
 #include "QtTranslation.h"
+#include "SettingsDialog.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLayout>
+#include <QMessageBox>
 
 #include <cstdlib>
 
@@ -60,16 +64,33 @@ int main(int argc, char** argv)
         return 0;
     app.initialize(false);
 
+    // Resolved before the working directory changes: a relative argv[0] names the program
+    // from where it was started.
+    const QString programDir = programDirFromArgument(argv[0], qgetenv("PATH"));
+
     TAV_LOG(9, "Qt version: build: <%x> run: <%s>", QT_VERSION, qVersion());
     changeToExecutableFolder();
     const QStringList& args = settings.arguments();
     for (int i = 0; i < args.size(); ++i)
         TAV_LOG(9, "arg[%d] = %s", i, QFile::encodeName(args.at(i)).constData());
 
-    const QString programDir = programDirFromArgument(argv[0], qgetenv("PATH"));
     TAV_LOG(10, "programDir=<%s>", QFile::encodeName(programDir).constData());
+    Configurator configurator(
+        programDir, args.at(1), args.at(2), settings.has(QStringLiteral("use_local_tav")),
+        settings.has(QStringLiteral("save_tav_send")), settings.has(QStringLiteral("save_tav")),
+        settings.has(QStringLiteral("save_new_tav")));
 
-    TAV_LOG(9, "The settings dialog is not built yet: nothing more to show for %s.",
-            QFile::encodeName(args.at(2)).constData());
-    return 0;
+    if (!configurator.getPrinterSettings()) {
+        TAV_LOG(9, "%s",
+                qPrintable(QCoreApplication::translate("main", "Cannot get printer settings!")));
+        QMessageBox::critical(nullptr, QCoreApplication::translate("main", "Error"),
+                              QCoreApplication::translate("main", "Cannot get printer settings!"));
+        QCoreApplication::exit(1);
+    }
+
+    SettingsDialog dialog(nullptr);
+    dialog.initialize(&configurator, args.at(2));
+    if (QLayout* layout = dialog.layout())
+        layout->setSizeConstraint(QLayout::SetFixedSize);
+    return dialog.exec();
 }

@@ -1,0 +1,310 @@
+#include "Configurator.h"
+
+#include "AboutInfo.h"
+#include "CapabilityLookup.h"
+#include "DeviceTask.h"
+#include "Element.h"
+#include "ElementType.h"
+#include "ExternalPrograms.h"
+#include "Log.h"
+#include "MimeSourceFactory_dorn.h"
+#include "ProgramPaths.h"
+#include "SettingsDialog.h"
+#include "SystemLocale.h"
+#include "TAVClient.h"
+#include "Translator.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDomDocument>
+#include <QFile>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QPixmapCache>
+
+namespace {
+
+// Timing of every device exchange: poll 200 ms for reading and for writing, and give up
+// after 3000 ms in which not a single byte moved.
+constexpr int kReadPollMs = 200;
+constexpr int kWritePollMs = 200;
+constexpr int kIdleLimitMs = 3000;
+
+constexpr int kMaxVersionLine = 1024;
+
+const char kVersionFile[] = "./.version";
+const char kLocalSpecification[] = "./tav.xml";
+const char kCapabilitiesFile[] = "../share/capabilities.xml";
+const char kTranslationFolder[] = "../share/translation/";
+const char kLogoFile[] = "../share/icons/logo.png";
+
+QString applicationTitle()
+{
+    return QCoreApplication::translate("Configurator", "Tavolor");
+}
+
+QString copyrightText()
+{
+    return QCoreApplication::translate("Configurator",
+                                       "Copyright (C) 2026 The Tavolor authors. Free software.");
+}
+
+// Keeps decoded images small in memory; the about logo is the only large one.
+struct AutoPixmapCache
+{
+    AutoPixmapCache() { QPixmapCache::setCacheLimit(1024); }
+};
+const AutoPixmapCache autoPixmapCache;
+
+std::unique_ptr<TAVClient> makeClient(const QString& devPath, const Capabilities* caps)
+{
+    auto client = std::make_unique<TAVClient>(devPath, caps);
+    client->setTimings(kReadPollMs, kWritePollMs, kIdleLimitMs);
+    return client;
+}
+
+// A change document that names no setting: nothing to send.
+bool reportsNothing(const QString& changes)
+{
+    QDomDocument document;
+    return !document.setContent(changes) || document.documentElement().firstChildElement().isNull();
+}
+
+} // namespace
+
+Configurator::Configurator(const QString& programDir, const QString& devPath,
+                           const QString& devName, bool useLocal, bool saveSend, bool saveSpec,
+                           bool saveNew)
+    : programDir(programDir)
+    , devPath(devPath)
+    , devName(devName)
+    , useLocal(useLocal)
+    , saveSend(saveSend)
+    , saveSpec(saveSpec)
+    , saveNew(saveNew)
+{
+    MimeSourceFactory_dorn::registerImages();
+    reportVersion();
+    caps = lookupCapabilities(resolvePath(QLatin1String(kCapabilitiesFile)), devName);
+}
+
+Configurator::~Configurator() = default;
+
+QString Configurator::resolvePath(const QString& name) const
+{
+    return resolveProgramPath(programDir, name);
+}
+
+QString Configurator::withDevName(const char* pattern) const
+{
+    return resolvePath(QString::fromLatin1(pattern).arg(devName));
+}
+
+Element* Configurator::rootElement() const
+{
+    return settingsParser.root();
+}
+
+QString Configurator::readVersion() const
+{
+    QFile file(resolvePath(QLatin1String(kVersionFile)));
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return QString();
+    return QString::fromUtf8(file.readLine(kMaxVersionLine)).trimmed();
+}
+
+void Configurator::reportVersion()
+{
+    const QString path = resolvePath(QLatin1String(kVersionFile));
+    QFile file(path);
+    if (!file.exists()) {
+        ::log(9, "reportVersion", __LINE__, sourceFileName(__FILE__),
+              "Configurator::Configurator() can't get application version");
+        return;
+    }
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        ::log(9, "reportVersion", __LINE__, sourceFileName(__FILE__),
+              "Configurator::Configurator() can't open version file");
+        return;
+    }
+    const QByteArray line = file.readLine(kMaxVersionLine);
+    if (line.isEmpty()) {
+        ::log(9, "reportVersion", __LINE__, sourceFileName(__FILE__),
+              "Configurator::Configurator() can't read version file");
+        return;
+    }
+    ::log(9, "reportVersion", __LINE__, sourceFileName(__FILE__),
+          "\n=========================================================\n\t\t%s: "
+          "%s\n=========================================================\n",
+          qPrintable(applicationTitle()), line.trimmed().constData());
+}
+
+void Configurator::saveText(const QString& fileName, const QByteArray& text) const
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        TAV_LOG(9, "Cannot open file: '%s'", QFile::encodeName(fileName).constData());
+        return;
+    }
+    file.write(text);
+}
+
+QString Configurator::readPrinterSettings()
+{
+    QString text;
+    if (useLocal) {
+        const QString path = resolvePath(QLatin1String(kLocalSpecification));
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly)) {
+            TAV_LOG(9, "Cannot open file: '%s'", QFile::encodeName(path).constData());
+            return QString();
+        }
+        text = QString::fromLatin1(file.readAll());
+    } else {
+        const Capabilities* capabilities = &caps;
+        const QString path = devPath;
+        DeviceTask::run(QCoreApplication::translate("Configurator", "Reading the settings of %1...")
+                            .arg(devName),
+                        [&text, path, capabilities] {
+                            auto client = makeClient(path, capabilities);
+                            text = client->useIds() ? client->getSpecification_ids()
+                                                    : client->getSpecification_tav();
+                        });
+    }
+    if (saveSpec)
+        saveText(withDevName("./tav(%1).xml"), text.toLatin1());
+    return text;
+}
+
+Element* Configurator::getPrinterSettings()
+{
+    const QString text = readPrinterSettings();
+    if (text.isEmpty())
+        return nullptr;
+
+    const QString logoPath = resolvePath(QLatin1String(kLogoFile));
+    QPixmap logo;
+    if (!QPixmapCache::find(logoPath, &logo) && logo.load(logoPath))
+        QPixmapCache::insert(logoPath, logo);
+    settingsParser.setAboutInfo(AboutInfo(
+        devName, applicationTitle(), Version::fromString(readVersion()), copyrightText(), logo));
+
+    // The text carries the document's bytes one to one; the XML reader decodes them by the
+    // encoding the document declares.
+    settingsParser.setContent(text.toLatin1());
+    if (!settingsParser.readPrinterSettings())
+        return nullptr;
+    applyTranslation();
+    if (saveNew)
+        settingsParser.save(withDevName("./tav(%1).xml"));
+    settingsParser.readDependencies();
+    return settingsParser.root();
+}
+
+void Configurator::applyTranslation()
+{
+    QString locale = GetSystemLocale();
+    TAV_LOG(9, "TAV System locale: %s \n", qPrintable(locale));
+    QString folder = resolvePath(QLatin1String(kTranslationFolder) + locale);
+    TAV_LOG(9, "TAV folderName: %s \n", qPrintable(folder));
+    if (!QFileInfo(folder).isDir()) {
+        locale = QStringLiteral("en");
+        folder = resolvePath(QLatin1String(kTranslationFolder) + locale);
+    }
+    TAV_LOG(9, "TAV [en]folderName: %s \n", qPrintable(folder));
+    if (!QFileInfo(folder).isDir()) {
+        TAV_LOG(9, "TAV [en]folderName: %s doesn't exist!!! \n", qPrintable(folder));
+        return;
+    }
+    const QString file = resolvePath(QStringLiteral("%1%2/%3").arg(
+        QLatin1String(kTranslationFolder), locale, QStringLiteral("tav_%1.xml").arg(locale)));
+    TAV_LOG(9, "Translation file: %s", qPrintable(file));
+    const Translator translator(file);
+    settingsParser.translate(translator);
+}
+
+bool Configurator::setPrinterSettings(const QString& id)
+{
+    TAV_LOG(9, "id='%s'", qPrintable(id));
+    if (saveSend)
+        saveText(withDevName("./tav_send(%1).xml"), settingsParser.getChanges(id).toUtf8());
+
+    const QString changes = settingsParser.getChanges(id);
+    if (reportsNothing(changes)) {
+        TAV_LOG(9, "nothing changed: no change document sent");
+        return true;
+    }
+    bool accepted = false;
+    const Capabilities* capabilities = &caps;
+    const QString path = devPath;
+    DeviceTask::run(
+        QCoreApplication::translate("Configurator", "Sending the settings to %1...").arg(devName),
+        [&accepted, &changes, path, capabilities] {
+            auto client = makeClient(path, capabilities);
+            accepted = client->useIds() ? client->setChanges_ids(changes)
+                                        : client->setChanges_tav(changes);
+        });
+    return accepted;
+}
+
+bool Configurator::applySettings(const QString& id)
+{
+    return setPrinterSettings(id);
+}
+
+void Configurator::phoneBookStart()
+{
+    ExternalPrograms::startBook(programDir, ExternalPrograms::PhoneBookPath,
+                                ExternalPrograms::PhoneBookConfig,
+                                settingsParser.getPhoneBookDescription(), devPath);
+}
+
+void Configurator::emailBookStart()
+{
+    ExternalPrograms::startBook(programDir, ExternalPrograms::EmailBookPath,
+                                ExternalPrograms::EmailBookConfig,
+                                settingsParser.getEmailBookDescription(), devPath);
+}
+
+void Configurator::addressBookStart()
+{
+    ExternalPrograms::startBook(programDir, ExternalPrograms::AddressBookPath,
+                                ExternalPrograms::AddressBookConfig,
+                                settingsParser.getAddressBookDescription(), devPath);
+}
+
+void Configurator::wirelessSetupStart()
+{
+    ExternalPrograms::runWirelessSetup(programDir, {devPath});
+}
+
+// The ink maintenance presses. Buttons whose kind reports through the settings channel are
+// sent as a change document; the guided wizards for the others build on this.
+void Configurator::ijTestPagePrint(SettingsDialog* parent, const QString& buttonId)
+{
+    Element* button = settingsParser.findElement(buttonId);
+    if (button && ElementTypes::isReportableButton(button->type())) {
+        if (!applySettings(buttonId))
+            QMessageBox::critical(parent, tr("Error"), tr("The printer did not take the request."));
+        return;
+    }
+    QMessageBox::information(parent, tr("Test page"),
+                             tr("This printer prints its test page through the maintenance "
+                                "wizard, which this version does not offer yet."));
+}
+
+void Configurator::ijCartridgeClean(SettingsDialog* parent, const QString& buttonId)
+{
+    ijTestPagePrint(parent, buttonId);
+}
+
+void Configurator::ijCartridgeAlignSFP(bool, SettingsDialog* parent, const QString& buttonId)
+{
+    ijTestPagePrint(parent, buttonId);
+}
+
+void Configurator::ijCartridgeAlignMFP(SettingsDialog* parent, const QString& buttonId)
+{
+    ijTestPagePrint(parent, buttonId);
+}

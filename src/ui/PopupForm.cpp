@@ -1,0 +1,13 @@
+#include "PopupForm.h"
+
+PopupForm::PopupForm(QWidget* parent)
+    : QDialog(parent)
+{
+    setupUi(this);
+}
+
+void PopupForm::addControl(QWidget* control)
+{
+    if (control)
+        panelLayout->addWidget(control);
+}

@@ -1,0 +1,590 @@
+#include "SettingsDialog.h"
+
+#include "ComplexElement.h"
+#include "ConcreteElement.h"
+#include "Configurator.h"
+#include "ConstraintEvaluator.h"
+#include "Element.h"
+#include "ElementType.h"
+#include "FactoryElement.h"
+#include "FormElement.h"
+#include "HelpViewer.h"
+#include "Log.h"
+#include "SettingsViewItem.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QResizeEvent>
+#include <QScrollArea>
+#include <QThread>
+#include <QTimer>
+#include <QTreeWidgetItemIterator>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kFoldSteps = 25;
+constexpr int kFoldPauseMs = 2;
+
+struct InvalidSearch
+{
+    Element* found = nullptr;
+};
+
+bool findInvalid(Element* element, void* data)
+{
+    if (!element->isConcrete() || element->isValid())
+        return true;
+    static_cast<InvalidSearch*>(data)->found = element;
+    return false;
+}
+
+bool countWrongSettings(Element* element, void* data)
+{
+    auto* concrete = qobject_cast<ConcreteElement*>(element);
+    if (concrete && concrete->current() != concrete->initial()) {
+        TAV_LOG(9, "id='%s' initial='%s' current='%s'", qPrintable(concrete->id()),
+                qPrintable(concrete->initial()), qPrintable(concrete->current()));
+        *static_cast<QString*>(data) += concrete->id() + QLatin1Char('\n');
+    }
+    return true;
+}
+
+// Puts the factory value back into a value element that has one, as if the user had chosen
+// it, and shows it in the control without the control reporting it again.
+bool restoreFactory(Element* element, void*)
+{
+    auto* factory = qobject_cast<FactoryElement*>(element);
+    if (!factory || !factory->hasFactory() || factory->factory().isNull())
+        return true;
+    factory->valueChange(factory->factory());
+    factory->setControlValue(factory->factory());
+    return true;
+}
+
+FormElement* enclosingForm(Element* element)
+{
+    for (Element* e = element ? element->parentElement() : nullptr; e; e = e->parentElement()) {
+        if (auto* form = qobject_cast<FormElement*>(e))
+            return form;
+    }
+    return nullptr;
+}
+
+// Groups show their members in the panel; a popup form is a member (it shows its button).
+bool isPanelGroup(const Element* element)
+{
+    return element->isComplex() && element->type() != etForm;
+}
+
+} // namespace
+
+SettingsDialog::SettingsDialog(QWidget* parent, const char* name, Qt::WindowFlags flags)
+    : SettingsDialogBase(parent, flags)
+{
+    if (name)
+        setObjectName(QString::fromLatin1(name));
+
+    auto* frameLayout = new QVBoxLayout(paramFrame);
+    frameLayout->setContentsMargins(0, 0, 0, 0);
+    _scroll = new QScrollArea(paramFrame);
+    _scroll->setObjectName(QStringLiteral("panelScroll"));
+    _scroll->setWidgetResizable(true);
+    _scroll->setFrameShape(QFrame::StyledPanel);
+    _panel = new QFrame;
+    _panel->setObjectName(QStringLiteral("panel"));
+    _panelLayout = new QVBoxLayout(_panel);
+    _panelLayout->addStretch(1);
+    _scroll->setWidget(_panel);
+    frameLayout->addWidget(_scroll);
+
+    paramList->header()->setSectionResizeMode(0, QHeaderView::Interactive);
+    paramList->header()->setStretchLastSection(true);
+    paramList->setColumnWidth(0, 220);
+
+    connect(slider, &QPushButton::clicked, this, &SettingsDialog::slider_clicked);
+    connect(paramList, &QTreeWidget::currentItemChanged, this,
+            &SettingsDialog::paramList_selectionChanged);
+    connect(favoriteList, &QTreeWidget::currentItemChanged, this,
+            &SettingsDialog::favoriteList_selectionChanged);
+    connect(paramList, &QTreeWidget::itemActivated, this, &SettingsDialog::paramList_activated);
+    connect(applyBtn, &QPushButton::clicked, this, &SettingsDialog::applyBtn_clicked);
+    connect(defBtn, &QPushButton::clicked, this, &SettingsDialog::defBtn_clicked);
+    connect(closeBtn, &QPushButton::clicked, this, &SettingsDialog::closeBtn_clicked);
+    connect(paramList, &QTreeWidget::itemExpanded, this,
+            [this](QTreeWidgetItem* item) { item->setIcon(0, _folderOpen); });
+    connect(paramList, &QTreeWidget::itemCollapsed, this,
+            [this](QTreeWidgetItem* item) { item->setIcon(0, _folder); });
+}
+
+SettingsDialog::~SettingsDialog()
+{
+    clearPanel();
+}
+
+QWidget* SettingsDialog::panel() const
+{
+    return _panel;
+}
+
+void SettingsDialog::initialize(Configurator* configurator, const QString& devName)
+{
+    _configurator = configurator;
+    _devName = devName;
+    _root = configurator ? configurator->rootElement() : nullptr;
+    if (!devName.isEmpty())
+        setWindowTitle(tr("%1 - %2").arg(devName, qApp->applicationDisplayName()));
+    _folder.load(QStringLiteral(":/images/folder.png"));
+    _folderOpen.load(QStringLiteral(":/images/folder_open.png"));
+    favoriteList->clear();
+    paramList->clear();
+    favoriteList->setSortingEnabled(false);
+    paramList->setSortingEnabled(false);
+    _selected = 0;
+    connect(helpBtn, &QPushButton::clicked, this, &SettingsDialog::helpBtn_clicked,
+            Qt::UniqueConnection);
+    fillSettings(_root);
+    validateSettings(_root);
+}
+
+void SettingsDialog::fillSettings(Element* root)
+{
+    clearPanel();
+    favoriteList->clear();
+    paramList->clear();
+    _paramItems.clear();
+    if (!root)
+        return;
+    favoriteList->setUpdatesEnabled(false);
+    paramList->setUpdatesEnabled(false);
+    root->addToFavoriteList(favoriteList);
+    root->addToParamList(paramList);
+    root->connectSignals(this);
+    ConstraintEvaluator::evaluateAll(root); // rows start hidden and controls disabled as declared
+
+    for (QTreeWidgetItemIterator it(paramList); *it; ++it) {
+        auto* item = static_cast<SettingsViewItem*>(*it);
+        if (item->element() && !_paramItems.contains(item->element()->id()))
+            _paramItems.insert(item->element()->id(), item);
+        if (item->childCount() > 0)
+            item->setIcon(0, item->isExpanded() ? _folderOpen : _folder);
+    }
+    for (int i = 0; i < favoriteList->topLevelItemCount(); ++i)
+        favoriteList->topLevelItem(i)->setIcon(0, _folder);
+    favoriteList->setUpdatesEnabled(true);
+    paramList->setUpdatesEnabled(true);
+    if (paramList->topLevelItemCount() > 0)
+        paramList->setCurrentItem(paramList->topLevelItem(0));
+}
+
+void SettingsDialog::validateSettings(Element* root)
+{
+    TAV_LOG(9, "SettingsDialog::validateSettings()");
+    if (!root)
+        return;
+    QString wrong;
+    root->iterateElements(countWrongSettings, &wrong);
+    if (wrong.isEmpty())
+        return;
+    const QString text =
+        tr("The following settings cannot be validated and will have empty values:\n\n") + wrong;
+    // Before the dialog is on screen, the report waits for it so that it opens over it.
+    if (isVisible())
+        QMessageBox::warning(this, tr("Error"), text);
+    else
+        QTimer::singleShot(0, this,
+                           [this, text] { QMessageBox::warning(this, tr("Error"), text); });
+}
+
+void SettingsDialog::updateChanges(const QString& id)
+{
+    if (!id.isEmpty() || !_root)
+        return;
+    _root->iterateElements(acceptChanges, nullptr);
+}
+
+SettingsViewItem* SettingsDialog::findFavoriteItem(const QString& id) const
+{
+    for (int i = 0; i < favoriteList->topLevelItemCount(); ++i) {
+        auto* item = static_cast<SettingsViewItem*>(favoriteList->topLevelItem(i));
+        if (item->element() && item->element()->id() == id)
+            return item;
+    }
+    return nullptr;
+}
+
+SettingsViewItem* SettingsDialog::findParamItem(const QString& id) const
+{
+    return _paramItems.value(id);
+}
+
+Element* SettingsDialog::senderElement() const
+{
+    return qobject_cast<Element*>(sender());
+}
+
+// A control that stands for its parent's row reports under the parent's id.
+SettingsViewItem* SettingsDialog::rowOf(Element* element) const
+{
+    QString id = element->id();
+    Element* parent = element->parentElement();
+    if (parent && parent->title() == element->title())
+        id = parent->id();
+    return findParamItem(id);
+}
+
+void SettingsDialog::elementChanged(const QString&)
+{
+    Element* element = senderElement();
+    if (!element)
+        return;
+    TAV_LOG(9, "SettingsDialog elementChanged received from %s [%p]", qPrintable(element->id()),
+            static_cast<void*>(element));
+    if (element->type() == etButton) {
+        buttonClicked(element->id());
+        return;
+    }
+    auto* concrete = qobject_cast<ConcreteElement*>(element);
+    if (!concrete)
+        return;
+    if (SettingsViewItem* item = rowOf(element))
+        item->setText(1, concrete->displayValue());
+    applyBtn->setEnabled(true);
+}
+
+void SettingsDialog::elementReset()
+{
+    auto* concrete = qobject_cast<ConcreteElement*>(senderElement());
+    if (!concrete)
+        return;
+    if (SettingsViewItem* item = rowOf(concrete)) {
+        item->setText(1, QString());
+        item->setText(1, concrete->displayValue());
+    }
+}
+
+void SettingsDialog::changeVisibility(bool visible)
+{
+    Element* element = senderElement();
+    if (!element)
+        return;
+    TAV_LOG(9, "SettingsDialog::changeVisibility(%s) for %s", visible ? "true" : "false",
+            qPrintable(element->id()));
+    if (SettingsViewItem* item = findParamItem(element->id()))
+        item->setHidden(!visible);
+}
+
+bool SettingsDialog::sendChanges(const QString& id)
+{
+    if (!_configurator)
+        return false;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const bool accepted = _configurator->applySettings(id);
+    QApplication::restoreOverrideCursor();
+    if (!accepted) {
+        QMessageBox::critical(this, tr("Error"),
+                              tr("The printer did not accept the changes, or could not be "
+                                 "reached.\nYour changes are kept: check the printer and "
+                                 "try again."));
+    }
+    return accepted;
+}
+
+void SettingsDialog::buttonClicked(const QString& id)
+{
+    if (sendChanges(id))
+        updateChanges(id);
+}
+
+void SettingsDialog::popupApplyClicked()
+{
+    auto* form = qobject_cast<FormElement*>(senderElement());
+    if (!form)
+        return;
+    if (sendChanges(form->id()))
+        updateChanges(form->id());
+    else
+        form->setApplyRefused(); // the form keeps its edits pending
+}
+
+void SettingsDialog::phoneBookClicked(const QString&)
+{
+    if (_configurator)
+        _configurator->phoneBookStart();
+}
+
+void SettingsDialog::emailBookClicked(const QString&)
+{
+    if (_configurator)
+        _configurator->emailBookStart();
+}
+
+void SettingsDialog::addressBookClicked(const QString&)
+{
+    if (_configurator)
+        _configurator->addressBookStart();
+}
+
+void SettingsDialog::wirelessSetupClicked(const QString&)
+{
+    if (_configurator)
+        _configurator->wirelessSetupStart();
+}
+
+void SettingsDialog::inkTestPagePrintClicked(const QString& id)
+{
+    QObject* o = sender();
+    TAV_ASSERT_TEXT(o && QString::fromLatin1(o->metaObject()->className()) ==
+                             QLatin1String("InkTestPagePrintElement"),
+                    "o->className() == QString(\"InkTestPagePrintElement\")");
+    if (_configurator)
+        _configurator->ijTestPagePrint(this, id);
+}
+
+void SettingsDialog::inkCartridgeCleanClicked(const QString& id)
+{
+    QObject* o = sender();
+    TAV_ASSERT_TEXT(o && QString::fromLatin1(o->metaObject()->className()) ==
+                             QLatin1String("InkCartridgeCleanElement"),
+                    "o->className() == QString(\"InkCartridgeCleanElement\")");
+    if (_configurator)
+        _configurator->ijCartridgeClean(this, id);
+}
+
+void SettingsDialog::inkCartridgeAlignSFPClicked(const QString& id)
+{
+    QObject* o = sender();
+    TAV_ASSERT_TEXT(o && QString::fromLatin1(o->metaObject()->className()) ==
+                             QLatin1String("InkCartridgeAlignSFPElement"),
+                    "o->className() == QString(\"InkCartridgeAlignSFPElement\")");
+    const bool photoInk = o && o->property("hasPhotoInk").toBool();
+    if (_configurator)
+        _configurator->ijCartridgeAlignSFP(photoInk, this, id);
+}
+
+void SettingsDialog::inkCartridgeAlignMFPClicked(const QString& id)
+{
+    QObject* o = sender();
+    TAV_ASSERT_TEXT(o && QString::fromLatin1(o->metaObject()->className()) ==
+                             QLatin1String("InkCartridgeAlignMFPElement"),
+                    "o->className() == QString(\"InkCartridgeAlignMFPElement\")");
+    if (_configurator)
+        _configurator->ijCartridgeAlignMFP(this, id);
+}
+
+void SettingsDialog::applyBtn_clicked()
+{
+    InvalidSearch search;
+    if (_root)
+        _root->iterateElements(findInvalid, &search);
+    if (!search.found) {
+        if (sendChanges(QString())) {
+            updateChanges(QString());
+            applyBtn->setEnabled(false);
+        }
+        return;
+    }
+    auto* invalid = qobject_cast<ConcreteElement*>(search.found);
+    TAV_LOG(9, "current()='%s' title()='%s'", qPrintable(invalid->current()),
+            qPrintable(invalid->title()));
+    QMessageBox::warning(this, tr("Error"),
+                         tr("The '%1' is not a valid entry for '%2'.\nPlease specify another value")
+                             .arg(invalid->current(), invalid->title()));
+    leadTo(invalid);
+}
+
+void SettingsDialog::leadTo(Element* element)
+{
+    if (FormElement* form = enclosingForm(element)) {
+        if (SettingsViewItem* item = findParamItem(form->id()))
+            paramList->setCurrentItem(item);
+        form->showForm();
+        return;
+    }
+    for (Element* e = element; e; e = e->parentElement()) {
+        TAV_LOG(9, "e=%p->id='%s'", static_cast<void*>(e), qPrintable(e->id()));
+        if (SettingsViewItem* item = findParamItem(e->id())) {
+            paramList->setCurrentItem(item);
+            paramList->scrollToItem(item);
+            if (QWidget* control = element->control())
+                control->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
+}
+
+void SettingsDialog::defBtn_clicked()
+{
+    if (_root)
+        _root->iterateElements(restoreFactory, nullptr);
+}
+
+void SettingsDialog::closeBtn_clicked()
+{
+    reject();
+}
+
+void SettingsDialog::helpBtn_clicked()
+{
+    HelpViewer::showHelp(this);
+}
+
+void SettingsDialog::favoriteList_selectionChanged(QTreeWidgetItem* current)
+{
+    auto* item = static_cast<SettingsViewItem*>(current);
+    if (!item)
+        return;
+    if (!item->node() && !item->element()) {
+        TAV_LOG(9, "Logical error: favoriteList_selectionChanged");
+        return;
+    }
+    SettingsViewItem* target = item->element() ? findParamItem(item->element()->id()) : nullptr;
+    QTreeWidgetItem* row = target ? target : item->node();
+    if (row && row != paramList->currentItem()) {
+        paramList->setCurrentItem(row);
+        paramList->scrollToItem(row);
+    }
+}
+
+void SettingsDialog::paramList_selectionChanged(QTreeWidgetItem* current)
+{
+    auto* item = static_cast<SettingsViewItem*>(current);
+    if (!item || !item->element())
+        return;
+    ++_selected;
+    Element* element = item->element();
+    showGroupOf(element);
+
+    // Keep the favourites in step with the group being shown.
+    const QString groupId = _shownGroup ? _shownGroup->id() : QString();
+    SettingsViewItem* favourite = findFavoriteItem(groupId);
+    for (Element* e = _shownGroup; !favourite && e; e = e->parentElement())
+        favourite = findFavoriteItem(e->id());
+    if (!favourite) {
+        TAV_LOG(10, "findFavoriteItem() failure");
+    } else if (favourite != favoriteList->currentItem()) {
+        const QSignalBlocker blocker(favoriteList);
+        favoriteList->setCurrentItem(favourite);
+    }
+
+    if (QWidget* control = element->control())
+        _scroll->ensureWidgetVisible(control);
+}
+
+// Enter (or a double click) on a row moves into the setting's control.
+void SettingsDialog::paramList_activated(QTreeWidgetItem* current)
+{
+    auto* item = static_cast<SettingsViewItem*>(current);
+    QWidget* control = item && item->element() ? item->element()->control() : nullptr;
+    if (!control)
+        return;
+    QWidget* target = control->focusProxy() ? control->focusProxy() : control;
+    if (!(target->focusPolicy() & Qt::TabFocus)) {
+        const auto inner = control->findChildren<QWidget*>();
+        const auto found = std::find_if(inner.cbegin(), inner.cend(), [](const QWidget* w) {
+            return (w->focusPolicy() & Qt::TabFocus) && w->isEnabled() &&
+                   w->isVisibleTo(w->window());
+        });
+        if (found != inner.cend())
+            target = *found;
+    }
+    target->setFocus(Qt::OtherFocusReason);
+}
+
+// Tab runs from the parameter tree through the panel's controls to the dialog buttons.
+void SettingsDialog::chainPanelFocus()
+{
+    QWidget* previous = paramList;
+    const auto widgets = _panel->findChildren<QWidget*>();
+    for (QWidget* w : widgets) {
+        if (!(w->focusPolicy() & Qt::TabFocus) || w->focusProxy())
+            continue;
+        QWidget::setTabOrder(previous, w);
+        previous = w;
+    }
+    QWidget::setTabOrder(previous, helpBtn);
+}
+
+void SettingsDialog::showGroupOf(Element* element)
+{
+    Element* group = isPanelGroup(element) ? element : element->parentElement();
+    while (group && !isPanelGroup(group))
+        group = group->parentElement();
+    if (!group || group == _shownGroup)
+        return;
+    clearPanel();
+    _shownGroup = group;
+    const auto children = static_cast<ComplexElement*>(group)->elements();
+    int position = 0;
+    for (Element* child : children) {
+        if (isPanelGroup(child))
+            continue;
+        QWidget* control = child->createControl(_panel);
+        if (!control)
+            continue;
+        _panelLayout->insertWidget(position++, control);
+        _shownElements.append(child);
+        const SettingsViewItem* row = findParamItem(child->id());
+        if (row && row->isHidden())
+            control->hide();
+    }
+    chainPanelFocus();
+}
+
+void SettingsDialog::clearPanel()
+{
+    for (const QPointer<Element>& element : std::as_const(_shownElements)) {
+        if (element)
+            element->deleteControl();
+    }
+    _shownElements.clear();
+    _shownGroup = nullptr;
+}
+
+void SettingsDialog::slider_clicked()
+{
+    animateFold(favoriteList->isVisible());
+}
+
+void SettingsDialog::animateFold(bool fold)
+{
+    const auto step = [this](int width) {
+        favoriteList->setFixedWidth(width);
+        layout()->activate();
+        favoriteList->repaint();
+        slider->repaint();
+        paramList->repaint();
+        QThread::msleep(kFoldPauseMs);
+    };
+    if (fold) {
+        _foldWidth = favoriteList->width();
+        for (int i = 1; i <= kFoldSteps; ++i)
+            step(qRound(double(kFoldSteps - i) * _foldWidth / kFoldSteps));
+        favoriteList->hide();
+        slider->setText(QStringLiteral(">"));
+    } else {
+        favoriteList->show();
+        QCoreApplication::processEvents();
+        for (int i = 1; i <= kFoldSteps; ++i)
+            step(qRound(double(_foldWidth) * i / kFoldSteps));
+        slider->setText(QStringLiteral("<"));
+    }
+}
+
+void SettingsDialog::resizeEvent(QResizeEvent* event)
+{
+    SettingsDialogBase::resizeEvent(event);
+    if (logLevel < 11)
+        return;
+    QString dump;
+    const auto widgets = findChildren<QWidget*>();
+    for (const QWidget* w : widgets) {
+        dump += QStringLiteral("%1 (%2): %3,%4 %5x%6\n")
+                    .arg(w->objectName(), QString::fromLatin1(w->metaObject()->className()))
+                    .arg(w->x())
+                    .arg(w->y())
+                    .arg(w->width())
+                    .arg(w->height());
+    }
+    TAV_LOG(11, "SettingsDialog::resizeEvent: } dumpLayout:\n%s", qPrintable(dump));
+}

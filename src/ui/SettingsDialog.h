@@ -1,0 +1,95 @@
+#pragma once
+
+#include "SettingsDialogBase.h"
+
+#include <QHash>
+#include <QList>
+#include <QPixmap>
+#include <QPointer>
+
+class Configurator;
+class Element;
+class QFrame;
+class QScrollArea;
+class QTreeWidgetItem;
+class QVBoxLayout;
+class SettingsViewItem;
+
+// The program's main window: favourite groups, the parameter tree with its values, and a
+// panel that holds the controls of the selected group. It knows elements only through the
+// element model and the device only through the Configurator.
+class SettingsDialog : public SettingsDialogBase
+{
+    Q_OBJECT
+
+public:
+    explicit SettingsDialog(QWidget* parent = nullptr, const char* name = nullptr,
+                            Qt::WindowFlags flags = {});
+    ~SettingsDialog() override;
+
+    void initialize(Configurator* configurator, const QString& devName);
+    void fillSettings(Element* root);
+    void validateSettings(Element* root);
+    void updateChanges(const QString& id);
+
+    SettingsViewItem* findFavoriteItem(const QString& id) const;
+    SettingsViewItem* findParamItem(const QString& id) const;
+    // The element whose group the panel shows, and the panel itself.
+    Element* shownGroup() const { return _shownGroup; }
+    QWidget* panel() const;
+
+public slots:
+    void elementChanged(const QString& value);
+    void changeVisibility(bool visible);
+    void elementReset();
+    void buttonClicked(const QString& id);
+    void phoneBookClicked(const QString& id);
+    void emailBookClicked(const QString& id);
+    void addressBookClicked(const QString& id);
+    void wirelessSetupClicked(const QString& id);
+    void inkTestPagePrintClicked(const QString& id);
+    void inkCartridgeCleanClicked(const QString& id);
+    void inkCartridgeAlignSFPClicked(const QString& id);
+    void inkCartridgeAlignMFPClicked(const QString& id);
+    void popupApplyClicked();
+
+protected slots:
+    void slider_clicked();
+    void paramList_selectionChanged(QTreeWidgetItem* item);
+    void favoriteList_selectionChanged(QTreeWidgetItem* item);
+    void paramList_activated(QTreeWidgetItem* item);
+    void applyBtn_clicked();
+    void defBtn_clicked();
+    void closeBtn_clicked();
+    void helpBtn_clicked();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    Element* senderElement() const;
+    SettingsViewItem* rowOf(Element* element) const;
+    void showGroupOf(Element* element);
+    void clearPanel();
+    void chainPanelFocus();
+    void leadTo(Element* element);
+    // Sends the changes of id (all changes when empty); tells the user when the printer
+    // does not take them. True when sent and accepted.
+    bool sendChanges(const QString& id);
+    void animateFold(bool fold);
+
+    QScrollArea* _scroll = nullptr;
+    QFrame* _panel = nullptr;
+    QVBoxLayout* _panelLayout = nullptr;
+    Configurator* _configurator = nullptr;
+    int _selected = 0;
+    Element* _root = nullptr;
+    QPixmap _folder;
+    QPixmap _folderOpen;
+    QString _devName;
+
+    QHash<QString, SettingsViewItem*> _paramItems;
+    Element* _shownGroup = nullptr;
+    QList<QPointer<Element>> _shownElements;
+    int _foldWidth = 0;
+};

@@ -1,0 +1,228 @@
+#include "ConcreteElement.h"
+#include "Configurator.h"
+#include "Element.h"
+#include "StderrCapture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+const char kSpecification[] = R"(<?xml version="1.0" encoding="UTF-8"?>
+<root><PrinterSettingsInfo>
+  <General STRING="General">
+    <SleepTimer TYPE="INTEGER" STRING="Sleep timer" CURRENT="5" FACTORY="15" MIN="1" MAX="240"/>
+    <Location TYPE="EDITBOX" STRING="Standort" CURRENT="Empfang Büro">
+      <AllowedCharacters SymbolSet="MultiLanguage"/>
+    </Location>
+    <Network TYPE="POPUP" STRING="Network">
+      <IPAddress TYPE="IPADDRESS" CURRENT="192.168.1.20"/>
+      <SubnetMask TYPE="IPADDRESS" CURRENT="255.255.255.0"/>
+    </Network>
+  </General>
+</PrinterSettingsInfo></root>
+)";
+
+QString translation(const char* title)
+{
+    return QStringLiteral(
+               "<root><Translation><message><Id>SleepTimer</Id><Value>%1</Value></message>"
+               "</Translation></root>")
+        .arg(QString::fromUtf8(title));
+}
+
+void write(const QString& path, const QByteArray& text)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(text);
+}
+
+QByteArray read(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+}
+
+// A program folder as installed: <root>/bin beside <root>/share.
+struct Installation
+{
+    QTemporaryDir root;
+    QString bin() const { return root.filePath(QStringLiteral("bin")); }
+    QString share(const QString& name) const
+    {
+        return root.filePath(QStringLiteral("share/") + name);
+    }
+    Installation()
+    {
+        QDir().mkpath(bin());
+        write(bin() + QStringLiteral("/tav.xml"), kSpecification);
+    }
+};
+
+const char kDevName[] = "Office Laser 9";
+
+} // namespace
+
+class TestConfigurator : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { qunsetenv("LC_ALL"); }
+
+    void versionReport_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("missing")
+            << 0 << QByteArray("Configurator::Configurator() can't get application version\n");
+        QTest::newRow("unopenable")
+            << 1 << QByteArray("Configurator::Configurator() can't open version file\n");
+        QTest::newRow("empty") << 2
+                               << QByteArray(
+                                      "Configurator::Configurator() can't read version file\n");
+        QTest::newRow("banner")
+            << 3
+            << QByteArray(
+                   "\n=========================================================\n\t\tTavolor: "
+                   "2.1.0\n=========================================================\n\n");
+    }
+
+    void versionReport()
+    {
+        QFETCH(int, kind);
+        QFETCH(QByteArray, expected);
+        Installation install;
+        const QString version = install.bin() + QStringLiteral("/.version");
+        if (kind == 1)
+            QDir().mkpath(version); // exists, but cannot be read as a file
+        if (kind == 2)
+            write(version, QByteArray());
+        if (kind == 3)
+            write(version, "2.1.0\nsecond line\n");
+        StderrCapture capture;
+        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+                                  QString::fromLatin1(kDevName), true, false, false, false);
+        QCOMPARE(capture.text(), expected);
+    }
+
+    void localSpecificationIsCopied()
+    {
+        Installation install;
+        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+                                  QString::fromLatin1(kDevName), true, false, true, false);
+        Element* root = configurator.getPrinterSettings();
+        QVERIFY(root);
+        QCOMPARE(root->id(), QStringLiteral("PrinterSettingsInfo"));
+        QVERIFY(root->findElement(QStringLiteral("SleepTimer")));
+        QCOMPARE(read(install.bin() + QStringLiteral("/tav(Office Laser 9).xml")),
+                 QByteArray(kSpecification));
+        // Decoded by the document's own encoding, not byte by byte.
+        auto* location =
+            qobject_cast<ConcreteElement*>(root->findElement(QStringLiteral("Location")));
+        QVERIFY(location);
+        QCOMPARE(location->current(), QStringLiteral("Empfang B\u00fcro"));
+    }
+
+    void missingLocalSpecification()
+    {
+        Installation install;
+        QFile::remove(install.bin() + QStringLiteral("/tav.xml"));
+        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+                                  QString::fromLatin1(kDevName), true, false, true, false);
+        StderrCapture capture;
+        QVERIFY(!configurator.getPrinterSettings());
+        QVERIFY(capture.text().contains("Cannot open file: '" + QFile::encodeName(install.bin()) +
+                                        "/tav.xml'\n"));
+        QVERIFY(!configurator.rootElement());
+    }
+
+    void savedAfterParsing()
+    {
+        Installation install;
+        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+                                  QString::fromLatin1(kDevName), true, false, false, true);
+        QVERIFY(configurator.getPrinterSettings());
+        const QByteArray saved = read(install.bin() + QStringLiteral("/tav(Office Laser 9).xml"));
+        // The reader's repair reached the document before it was written.
+        QVERIFY2(QRegularExpression(QStringLiteral("<SubnetMask [^>]*TYPE=\"SUBNETMASK\""))
+                     .match(QString::fromUtf8(saved))
+                     .hasMatch(),
+                 saved.constData());
+    }
+
+    void translationChoice_data()
+    {
+        QTest::addColumn<QByteArray>("locale");
+        QTest::addColumn<QStringList>("folders");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("German folder")
+            << QByteArray("de_DE.UTF-8") << QStringList{QStringLiteral("de"), QStringLiteral("en")}
+            << QStringLiteral("Ruhezustand nach");
+        QTest::newRow("no German folder, English")
+            << QByteArray("de_DE.UTF-8") << QStringList{QStringLiteral("en")}
+            << QStringLiteral("Sleep after");
+        QTest::newRow("POSIX locale, English")
+            << QByteArray("C") << QStringList{QStringLiteral("de"), QStringLiteral("en")}
+            << QStringLiteral("Sleep after");
+        QTest::newRow("nothing, untranslated")
+            << QByteArray("de_DE.UTF-8") << QStringList() << QStringLiteral("Sleep timer");
+    }
+
+    void translationChoice()
+    {
+        QFETCH(QByteArray, locale);
+        QFETCH(QStringList, folders);
+        QFETCH(QString, title);
+        Installation install;
+        for (const QString& folder : folders) {
+            const char* text = folder == QLatin1String("de") ? "Ruhezustand nach" : "Sleep after";
+            write(install.share(QStringLiteral("translation/%1/tav_%1.xml").arg(folder)),
+                  translation(text).toUtf8());
+        }
+        qputenv("LC_ALL", locale);
+        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+                                  QString::fromLatin1(kDevName), true, false, false, false);
+        StderrCapture capture;
+        Element* root = configurator.getPrinterSettings();
+        const QByteArray log = capture.text();
+        QVERIFY(root);
+        QCOMPARE(root->findElement(QStringLiteral("SleepTimer"))->title(), title);
+        if (folders.isEmpty())
+            QVERIFY2(log.contains("translation/en doesn't exist!!! \n"), log.constData());
+    }
+
+    void capabilities_data()
+    {
+        QTest::addColumn<bool>("listed");
+        QTest::addColumn<bool>("network");
+        QTest::addColumn<bool>("ids");
+        QTest::newRow("listed with flags off") << true << false << false;
+        QTest::newRow("no list, every feature") << false << true << true;
+    }
+
+    void capabilities()
+    {
+        QFETCH(bool, listed);
+        QFETCH(bool, network);
+        QFETCH(bool, ids);
+        Installation install;
+        if (listed)
+            write(install.share(QStringLiteral("capabilities.xml")),
+                  "<root><Devices><M NAME=\"Office Laser 9\" NETWORK=\"FALSE\" "
+                  "IDS=\"False\"/></Devices></root>");
+        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+                                  QStringLiteral("Office_Laser_9"), true, false, false, false);
+        QCOMPARE(configurator.capabilities().network, network);
+        QCOMPARE(configurator.capabilities().ids, ids);
+        QVERIFY(configurator.capabilities().buyNowButton);
+    }
+};
+
+QTEST_MAIN(TestConfigurator)
+#include "TestConfigurator.moc"

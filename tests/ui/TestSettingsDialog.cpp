@@ -1,0 +1,263 @@
+#include "ButtonElement.h"
+#include "ConcreteElement.h"
+#include "Configurator.h"
+#include "HelpViewer.h"
+#include "ModalWatcher.h"
+#include "SettingsDialog.h"
+#include "SettingsViewItem.h"
+#include "VirtualPrinterProcess.h"
+
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTreeWidget>
+
+namespace {
+
+// %1 stands for extra settings a test adds to the General group.
+const char kSpecification[] = R"(<?xml version="1.0" encoding="UTF-8"?>
+<root><PrinterSettingsInfo STRING="Printer Settings">
+  <General STRING="General">
+    <SleepTimer TYPE="INTEGER" STRING="Sleep timer" CURRENT="5" FACTORY="15" MIN="1" MAX="240"/>
+    <Location TYPE="EDITBOX" STRING="Location" CURRENT="Lab" FACTORY="Office"/>
+    %1
+  </General>
+  <Network STRING="Network">
+    <HostName TYPE="EDITBOX" STRING="Host name" CURRENT="printer" FACTORY="printer"/>
+  </Network>
+  <Service STRING="Service">
+    <TestPage TYPE="BUTTON" STRING="Test page" BUTTONLABEL="Print"/>
+  </Service>
+</PrinterSettingsInfo></root>
+)";
+
+const char kDevName[] = "Test Laser";
+
+ConcreteElement* valueElement(Configurator& c, const char* id)
+{
+    return qobject_cast<ConcreteElement*>(c.rootElement()->findElement(QString::fromLatin1(id)));
+}
+
+} // namespace
+
+class TestSettingsDialog : public QObject
+{
+    Q_OBJECT
+
+    // A program folder holding the specification as ./tav.xml, and a virtual printer
+    // serving the same document for Apply.
+    struct Setup
+    {
+        QTemporaryDir dir;
+        QString bin;
+        std::unique_ptr<VirtualPrinterProcess> printer;
+        std::unique_ptr<Configurator> configurator;
+        ModalWatcher boxes;
+        std::unique_ptr<SettingsDialog> dialog;
+
+        explicit Setup(const QString& extra = QString(), const QStringList& faults = {},
+                       bool reachable = true)
+            : bin(dir.filePath(QStringLiteral("bin")))
+        {
+            QDir().mkpath(bin);
+            const QByteArray text = QString::fromUtf8(kSpecification).arg(extra).toUtf8();
+            QFile file(bin + QStringLiteral("/tav.xml"));
+            file.open(QIODevice::WriteOnly);
+            file.write(text);
+            file.close();
+            printer = std::make_unique<VirtualPrinterProcess>(bin + QStringLiteral("/tav.xml"),
+                                                              dir.path(), faults);
+            const QString device =
+                reachable ? printer->link : dir.filePath(QStringLiteral("no-such-device"));
+            configurator = std::make_unique<Configurator>(
+                bin, device, QString::fromLatin1(kDevName), true, true, false, false);
+            configurator->getPrinterSettings();
+            dialog = std::make_unique<SettingsDialog>();
+            dialog->initialize(configurator.get(), QString::fromLatin1(kDevName));
+            dialog->show();
+        }
+
+        QString row(const char* id) const
+        {
+            SettingsViewItem* item = dialog->findParamItem(QString::fromLatin1(id));
+            return item ? item->text(1) : QStringLiteral("<no row>");
+        }
+
+        QByteArray sent() const
+        {
+            QFile file(bin + QStringLiteral("/tav_send(Test Laser).xml"));
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        }
+    };
+
+private slots:
+    void opensWithDeviceValues()
+    {
+        Setup s(
+            QStringLiteral("<Owner TYPE=\"EDITBOX\" STRING=\"Owner\" CURRENT=\"not_allowed;\"/>"));
+        QVERIFY(s.printer->isReady());
+        QCOMPARE(s.row("SleepTimer"), QStringLiteral("5"));
+        QCOMPARE(s.row("Location"), QStringLiteral("Lab"));
+        QCOMPARE(s.dialog->favoriteList->topLevelItemCount(), 3);
+        QCOMPARE(s.dialog->favoriteList->topLevelItem(1)->text(0), QStringLiteral("Network"));
+        QVERIFY(!s.dialog->applyBtn->isEnabled());
+        // A value the setting's own pattern rejects is reported once, after the dialog shows.
+        QTRY_COMPARE(s.boxes.seen, QStringList{QStringLiteral(
+                                       "Error|The following settings cannot be validated and will "
+                                       "have empty values:\n\nOwner\n")});
+    }
+
+    void editShowsValueAndEnablesApply()
+    {
+        Setup s;
+        valueElement(*s.configurator, "SleepTimer")->valueChange(QStringLiteral("30"));
+        QCOMPARE(s.row("SleepTimer"), QStringLiteral("30"));
+        QVERIFY(s.dialog->applyBtn->isEnabled());
+    }
+
+    void applySendsOnlyChanges()
+    {
+        Setup s;
+        valueElement(*s.configurator, "SleepTimer")->valueChange(QStringLiteral("30"));
+        QTest::mouseClick(s.dialog->applyBtn, Qt::LeftButton);
+        QVERIFY(s.boxes.seen.isEmpty());
+        QVERIFY(!s.dialog->applyBtn->isEnabled());
+        QCOMPARE(valueElement(*s.configurator, "SleepTimer")->initial(), QStringLiteral("30"));
+        const QByteArray state = s.printer->stateText();
+        QVERIFY2(state.contains("CURRENT=\"30\""), state.constData());
+        const QByteArray sent = s.sent();
+        QVERIFY2(sent.contains("<SleepTimer CURRENT=\"30\"/>"), sent.constData());
+        QVERIFY(!sent.contains("Location"));
+    }
+
+    void refusedOrUnreachableApplyKeepsChanges_data()
+    {
+        QTest::addColumn<QStringList>("faults");
+        QTest::addColumn<bool>("reachable");
+        QTest::newRow("refused") << QStringList{QStringLiteral("--reject")} << true;
+        QTest::newRow("no answer") << QStringList{QStringLiteral("--mute")} << true;
+        QTest::newRow("no device") << QStringList() << false;
+    }
+
+    void refusedOrUnreachableApplyKeepsChanges()
+    {
+        QFETCH(QStringList, faults);
+        QFETCH(bool, reachable);
+        Setup s(QString(), faults, reachable);
+        ConcreteElement* sleep = valueElement(*s.configurator, "SleepTimer");
+        sleep->valueChange(QStringLiteral("30"));
+        QTest::mouseClick(s.dialog->applyBtn, Qt::LeftButton);
+        QCOMPARE(s.boxes.seen.size(), 1);
+        QVERIFY2(s.boxes.seen.first().startsWith(
+                     QStringLiteral("Error|The printer did not accept the changes")),
+                 qPrintable(s.boxes.seen.first()));
+        QVERIFY(s.dialog->applyBtn->isEnabled());
+        QCOMPARE(sleep->current(), QStringLiteral("30"));
+        QCOMPARE(sleep->initial(), QStringLiteral("5"));
+        QCOMPARE(s.row("SleepTimer"), QStringLiteral("30"));
+    }
+
+    void invalidValueBlocksApplyAndLeadsToIt()
+    {
+        Setup s(QStringLiteral(
+            "<PrintServer TYPE=\"IPADDRESS\" STRING=\"Print server\" CURRENT=\"300.1.1.1\"/>"));
+        s.dialog->paramList->setCurrentItem(s.dialog->findParamItem(QStringLiteral("HostName")));
+        valueElement(*s.configurator, "SleepTimer")->valueChange(QStringLiteral("30"));
+        QTest::mouseClick(s.dialog->applyBtn, Qt::LeftButton);
+        QCOMPARE(s.boxes.seen,
+                 QStringList{QStringLiteral("Error|The '300.1.1.1' is not a valid entry for "
+                                            "'Print server'.\nPlease specify another value")});
+        auto* current = static_cast<SettingsViewItem*>(s.dialog->paramList->currentItem());
+        QCOMPARE(current->element()->id(), QStringLiteral("PrintServer"));
+        QVERIFY(s.sent().isEmpty());
+        QVERIFY(!s.printer->stateText().contains("CURRENT=\"30\""));
+    }
+
+    void defaultRestoresFactoryValues()
+    {
+        Setup s;
+        QTest::mouseClick(s.dialog->defBtn, Qt::LeftButton);
+        QCOMPARE(valueElement(*s.configurator, "SleepTimer")->current(), QStringLiteral("15"));
+        QCOMPARE(s.row("SleepTimer"), QStringLiteral("15"));
+        QCOMPARE(s.row("Location"), QStringLiteral("Office"));
+        QVERIFY(s.dialog->applyBtn->isEnabled());
+    }
+
+    void buttonPressIsSentAtOnce()
+    {
+        Setup s;
+        auto* button = qobject_cast<ButtonElement*>(
+            s.configurator->rootElement()->findElement(QStringLiteral("TestPage")));
+        QVERIFY(button);
+        button->onClick();
+        QVERIFY(s.boxes.seen.isEmpty());
+        QVERIFY2(s.sent().contains("<TestPage CURRENT=\"PRESSED\"/>"), s.sent().constData());
+    }
+
+    void hiddenElementHidesItsRow()
+    {
+        Setup s;
+        Element* location = s.configurator->rootElement()->findElement(QStringLiteral("Location"));
+        location->hide();
+        QVERIFY(s.dialog->findParamItem(QStringLiteral("Location"))->isHidden());
+        location->show();
+        QVERIFY(!s.dialog->findParamItem(QStringLiteral("Location"))->isHidden());
+    }
+
+    void selectionFollowsFavourites()
+    {
+        Setup s;
+        QTreeWidgetItem* network = s.dialog->favoriteList->topLevelItem(1);
+        s.dialog->favoriteList->setCurrentItem(network);
+        auto* current = static_cast<SettingsViewItem*>(s.dialog->paramList->currentItem());
+        QCOMPARE(current->element()->id(), QStringLiteral("Network"));
+        QCOMPARE(s.dialog->shownGroup()->id(), QStringLiteral("Network"));
+        QVERIFY(s.configurator->rootElement()->findElement(QStringLiteral("HostName"))->control());
+        QVERIFY(
+            !s.configurator->rootElement()->findElement(QStringLiteral("SleepTimer"))->control());
+    }
+
+    void foldingTwiceRestoresWidth()
+    {
+        Setup s;
+        const int width = s.dialog->favoriteList->width();
+        QTest::mouseClick(s.dialog->slider, Qt::LeftButton);
+        QVERIFY(!s.dialog->favoriteList->isVisible());
+        QCOMPARE(s.dialog->slider->text(), QStringLiteral(">"));
+        QTest::mouseClick(s.dialog->slider, Qt::LeftButton);
+        QVERIFY(s.dialog->favoriteList->isVisible());
+        QCOMPARE(s.dialog->favoriteList->width(), width);
+        QCOMPARE(s.dialog->slider->text(), QStringLiteral("<"));
+    }
+
+    void helpShowsTheLocalPage()
+    {
+        Setup s;
+        QString source;
+        QTimer::singleShot(50, this, [&source] {
+            auto* viewer = qobject_cast<HelpViewer*>(QApplication::activeModalWidget());
+            if (!viewer)
+                return;
+            source = viewer->browser()->source().toLocalFile();
+            viewer->reject();
+        });
+        QTest::mouseClick(s.dialog->helpBtn, Qt::LeftButton);
+        QVERIFY2(source.endsWith(QStringLiteral("/share/help/index.html")), qPrintable(source));
+    }
+
+    void unreachableDeviceAtStart()
+    {
+        QTemporaryDir dir;
+        Configurator configurator(dir.path(), dir.filePath(QStringLiteral("lp9")),
+                                  QString::fromLatin1(kDevName), false, false, false, false);
+        QVERIFY(!configurator.getPrinterSettings());
+        SettingsDialog dialog;
+        dialog.initialize(&configurator, QString::fromLatin1(kDevName));
+        QCOMPARE(dialog.paramList->topLevelItemCount(), 0);
+        QCOMPARE(dialog.favoriteList->topLevelItemCount(), 0);
+    }
+};
+
+QTEST_MAIN(TestSettingsDialog)
+#include "TestSettingsDialog.moc"
