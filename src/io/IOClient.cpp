@@ -52,7 +52,7 @@ bool IOClient::open(OpenMode mode)
         return QFile::open(mode);
     const int fd = ::open(QFile::encodeName(path).constData(), openFlags(mode));
     if (fd < 0)
-        return QFile::open(mode); // fails again and records why
+        return QFile::open(mode | ExistingOnly); // fails again and records why, creating nothing
     if (QFile::open(fd, mode, QFileDevice::AutoCloseHandle))
         return true;
     ::close(fd);

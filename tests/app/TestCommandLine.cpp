@@ -104,6 +104,17 @@ private slots:
         QVERIFY(!r.err.contains("_applicationFilePath"));
     }
 
+    void missingDeviceIsNotCreated()
+    {
+        // A relative device path names a file in the program's folder; a printer that is not
+        // there must not turn into a plain file there.
+        const QString device =
+            QStringLiteral("lp-missing-%1").arg(QCoreApplication::applicationPid());
+        const Run r = run({device, QStringLiteral("M")}, kNoDevice);
+        QCOMPARE(r.status, Run::kStopped);
+        QVERIFY(!QFile::exists(QStringLiteral(TAV_BIN_DIR "/") + device));
+    }
+
     void debugAnywhere_data()
     {
         QTest::addColumn<QStringList>("arguments");
