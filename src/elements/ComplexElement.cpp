@@ -88,11 +88,20 @@ void ComplexElement::addToParamList(QTreeWidget* list, QTreeWidgetItem* parentIt
 {
     if (!list)
         return;
-    QTreeWidgetItem* item = parentItem;
-    if (parentElement())
-        item = SettingsViewItem::create(list, parentItem, this);
+    if (!parentElement()) { // the root has no row of its own
+        for (Element* element : std::as_const(_elements))
+            element->addToParamList(list, parentItem);
+        return;
+    }
+    // The group's rows are built while its own row is still outside the list, which then
+    // takes in the whole branch at once rather than one row at a time.
+    auto* item = new SettingsViewItem(static_cast<QTreeWidgetItem*>(nullptr), this);
     for (Element* element : std::as_const(_elements))
         element->addToParamList(list, item);
+    if (parentItem)
+        parentItem->addChild(item);
+    else
+        list->addTopLevelItem(item);
 }
 
 bool ComplexElement::hasComplexChildren() const

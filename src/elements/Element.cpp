@@ -10,7 +10,9 @@
 #include "Translator.h"
 
 #include <QDomElement>
+#include <QHash>
 #include <QLabel>
+#include <QMetaMethod>
 #include <QTreeWidget>
 
 Element::Element(const QDomElement& node, int type, const QDomNode* parentNode,
@@ -232,18 +234,41 @@ void Element::clearDependencies()
     _dependentElements.clear();
 }
 
+namespace {
+
+// The method a SIGNAL()/SLOT() text names, looked up once per class: wiring a tree of
+// thousands of settings by text would otherwise parse the same signatures over and over.
+QMetaMethod methodNamed(const QMetaObject* meta, const char* text)
+{
+    thread_local QHash<QPair<const QMetaObject*, QByteArray>, QMetaMethod> cache;
+    const QPair<const QMetaObject*, QByteArray> key(meta, QByteArray(text));
+    const auto found = cache.constFind(key);
+    if (found != cache.constEnd())
+        return *found;
+    // SIGNAL() and SLOT() put a code digit in front of the signature.
+    const int index = meta->indexOfMethod(QMetaObject::normalizedSignature(text + 1).constData());
+    const QMetaMethod method = index < 0 ? QMetaMethod() : meta->method(index);
+    cache.insert(key, method);
+    return method;
+}
+
+} // namespace
+
 bool Element::reconnect(const QObject* sender, const char* signal, const QObject* receiver,
                         const char* slot)
 {
     if (!sender || !receiver || !signal || !slot)
         return false;
-    // SIGNAL() and SLOT() put a code digit in front of the signature.
     const char* signalText = signal + 1;
     const char* slotText = slot + 1;
-    if (QObject::disconnect(sender, signal, receiver, slot))
+    const QMetaMethod signalMethod = methodNamed(sender->metaObject(), signal);
+    const QMetaMethod slotMethod = methodNamed(receiver->metaObject(), slot);
+    if (signalMethod.isValid() && slotMethod.isValid() &&
+        QObject::disconnect(sender, signalMethod, receiver, slotMethod))
         TAV_TRACE(11, "disconnected '%s'/'%s' from '%s'/'%s'", sender->metaObject()->className(),
                   signalText, receiver->metaObject()->className(), slotText);
-    if (!QObject::connect(sender, signal, receiver, slot)) {
+    if (signalMethod.methodType() != QMetaMethod::Signal || !slotMethod.isValid() ||
+        !QObject::connect(sender, signalMethod, receiver, slotMethod)) {
         TAV_LOG(9, "unable to connect '%s'/'%s' to '%s'/'%s'", sender->metaObject()->className(),
                 signalText, receiver->metaObject()->className(), slotText);
         return false;

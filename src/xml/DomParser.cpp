@@ -51,18 +51,21 @@ QString DomParser::screen(const QByteArray& data)
 {
     if (data.size() > kMaxDocumentBytes)
         return QStringLiteral("document larger than %1 bytes").arg(kMaxDocumentBytes);
+    const int depth = quickNestingDepth(data);
+    if (depth >= 0)
+        return depth > kMaxNestingDepth ? nestingRefusal() : QString();
 
+    // Declarations, or an encoding the byte scan cannot read: the full reader decides.
     QXmlStreamReader reader(data);
-    int depth = 0;
+    int level = 0;
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
-            if (++depth > kMaxNestingDepth)
-                return QStringLiteral("elements nested deeper than %1 levels")
-                    .arg(kMaxNestingDepth);
+            if (++level > kMaxNestingDepth)
+                return nestingRefusal();
             break;
         case QXmlStreamReader::EndElement:
-            --depth;
+            --level;
             break;
         case QXmlStreamReader::DTD:
             if (!reader.entityDeclarations().isEmpty())
@@ -74,6 +77,56 @@ QString DomParser::screen(const QByteArray& data)
     }
     // Syntax errors are left for the DOM parser to report with their position.
     return QString();
+}
+
+QString DomParser::nestingRefusal()
+{
+    return QStringLiteral("elements nested deeper than %1 levels").arg(kMaxNestingDepth);
+}
+
+// A byte scan of the markup, several times faster than a reader pass, exact for well-formed
+// documents in an ASCII-compatible encoding: comments, CDATA sections and processing
+// instructions are skipped, quoted attribute values may hold '>'. Gives -1 when the document
+// holds a declaration ("<!DOCTYPE") or starts like UTF-16 or UTF-32.
+int DomParser::quickNestingDepth(const QByteArray& data)
+{
+    const qsizetype n = data.size();
+    const char* const p = data.constData();
+    if (n >= 2 && (p[0] == '\0' || p[1] == '\0' || uchar(p[0]) >= 0xFE))
+        return -1;
+    const auto skipPast = [&data](qsizetype from, const char* end) {
+        const qsizetype at = data.indexOf(end, from);
+        return at < 0 ? data.size() : at + qsizetype(qstrlen(end));
+    };
+    int depth = 0;
+    int deepest = 0;
+    qsizetype i = data.indexOf('<');
+    while (i >= 0 && i < n) {
+        const char next = i + 1 < n ? p[i + 1] : '\0';
+        if (qstrncmp(p + i, "<!--", 4) == 0) {
+            i = skipPast(i + 4, "-->");
+        } else if (qstrncmp(p + i, "<![CDATA[", 9) == 0) {
+            i = skipPast(i + 9, "]]>");
+        } else if (next == '!') {
+            return -1;
+        } else if (next == '?') {
+            i = skipPast(i + 2, "?>");
+        } else if (next == '/') {
+            --depth;
+            i = skipPast(i + 2, ">");
+        } else {
+            qsizetype j = i + 1;
+            for (char quote = 0; j < n && (quote || p[j] != '>'); ++j) {
+                if (quote ? p[j] == quote : (p[j] == '"' || p[j] == '\''))
+                    quote = quote ? 0 : p[j];
+            }
+            if (p[j - 1] != '/')
+                deepest = qMax(deepest, ++depth);
+            i = j + 1;
+        }
+        i = i < n ? data.indexOf('<', i) : -1;
+    }
+    return deepest;
 }
 
 bool DomParser::parse(const QByteArray& data)

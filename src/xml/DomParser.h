@@ -60,4 +60,8 @@ protected:
 
     QDomDocument doc;
     bool valid = false;
+
+private:
+    static int quickNestingDepth(const QByteArray& data);
+    static QString nestingRefusal();
 };

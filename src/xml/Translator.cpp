@@ -9,15 +9,6 @@ namespace {
 
 const QString kDescriptionSuffix = QStringLiteral(" description");
 
-// The text of the "Value" child of a matching message; a missing one is fatal.
-QString requiredValue(const QDomElement& message)
-{
-    const QDomElement value = message.firstChildElement(QStringLiteral("Value"));
-    if (value.isNull())
-        qFatal("Wrong XML format");
-    return value.text();
-}
-
 } // namespace
 
 Translator::Translator() = default;
@@ -32,7 +23,39 @@ bool Translator::open(QIODevice* device)
 {
     _opened = DomParser::open(device);
     _errorText = _opened ? QString() : QStringLiteral("cannot read the translation file");
+    indexMessages();
     return _opened;
+}
+
+bool Translator::setContent(const QString& text)
+{
+    const bool ok = DomParser::setContent(text);
+    indexMessages();
+    return ok;
+}
+
+bool Translator::setContent(const QByteArray& data)
+{
+    const bool ok = DomParser::setContent(data);
+    indexMessages();
+    return ok;
+}
+
+void Translator::indexMessages()
+{
+    _messages.clear();
+    _positions.clear();
+    for (QDomNode node = messages().firstChild(); !node.isNull(); node = node.nextSibling()) {
+        const QDomElement message = node.toElement();
+        if (message.isNull() || message.tagName() != QLatin1String("message"))
+            continue;
+        const QDomElement key = message.firstChildElement(QStringLiteral("Id"));
+        if (key.isNull())
+            continue;
+        const QDomElement value = message.firstChildElement(QStringLiteral("Value"));
+        _positions[key.text()].append(int(_messages.size()));
+        _messages.append({key.text(), value.text(), !value.isNull()});
+    }
 }
 
 void Translator::save(const QString& fileName)
@@ -45,35 +68,33 @@ QDomNode Translator::messages() const
     return find(QStringLiteral("root/Translation"));
 }
 
+// Walking the messages in order until both keys have been seen, a later match replacing an
+// earlier one until then, ends where the later of the two first matches stands.
 void Translator::lookup(const QString& id, const QString& defaultTitle,
                         const QString& defaultDescription, QString* title,
                         QString* description) const
 {
-    *title = defaultTitle;
-    *description = defaultDescription;
-    const QString descriptionKey = id + kDescriptionSuffix;
-    bool titleFound = false;
-    bool descriptionFound = false;
-    for (QDomNode node = messages().firstChild(); !node.isNull(); node = node.nextSibling()) {
-        if (titleFound && descriptionFound)
+    const QList<int> titles = _positions.value(id);
+    const QList<int> descriptions = _positions.value(id + kDescriptionSuffix);
+    const int stop = titles.isEmpty() || descriptions.isEmpty()
+                         ? int(_messages.size())
+                         : qMax(titles.first(), descriptions.first());
+    *title = valueAt(titles, stop, defaultTitle);
+    *description = valueAt(descriptions, stop, defaultDescription);
+}
+
+QString Translator::valueAt(const QList<int>& positions, int stop, const QString& fallback) const
+{
+    QString text = fallback;
+    for (const int at : positions) {
+        if (at > stop)
             break;
-        if (!node.isElement())
-            continue;
-        const QDomElement message = node.toElement();
-        if (message.tagName() != QLatin1String("message"))
-            continue;
-        const QDomElement key = message.firstChildElement(QStringLiteral("Id"));
-        if (key.isNull())
-            continue;
-        const QString keyText = key.text();
-        if (keyText == id) {
-            *title = requiredValue(message);
-            titleFound = true;
-        } else if (keyText == descriptionKey) {
-            *description = requiredValue(message);
-            descriptionFound = true;
-        }
+        const Message& message = _messages.at(at);
+        if (!message.hasValue)
+            qFatal("Wrong XML format"); // a matching message without "Value" is a broken file
+        text = message.value;
     }
+    return text;
 }
 
 void Translator::translate(const QString& id, ILocalizable& object) const

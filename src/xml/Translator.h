@@ -2,6 +2,9 @@
 
 #include "DomParser.h"
 
+#include <QHash>
+#include <QList>
+
 class ILocalizable;
 
 // The setting texts of one language, read from "tav_<ll>.xml": "message" elements under
@@ -15,6 +18,8 @@ public:
     explicit Translator(const QString& fileName);
 
     bool open(QIODevice* device) override;
+    bool setContent(const QString& text) override;
+    bool setContent(const QByteArray& data);
     // Translation files are only ever read.
     void save(const QString& fileName) override;
 
@@ -34,6 +39,22 @@ public:
     QString errorText() const { return _errorText; }
 
 private:
+    // One "message" that has an "Id", in document order.
+    struct Message
+    {
+        QString key;
+        QString value;
+        bool hasValue = false;
+    };
+
+    // Indexes the messages once per document: a tree of thousands of settings looks up every
+    // id, and walking the document for each would take seconds.
+    void indexMessages();
+    // The title or description a walk in document order ends with, given where it stops.
+    QString valueAt(const QList<int>& positions, int stop, const QString& fallback) const;
+
     QString _errorText;
     bool _opened = false;
+    QList<Message> _messages;
+    QHash<QString, QList<int>> _positions;
 };
