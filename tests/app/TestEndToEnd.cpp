@@ -1,0 +1,231 @@
+#include "../ui/VirtualPrinterProcess.h"
+#include "TavProcess.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+// %1 stands for extra settings a test adds.
+const char kSpecification[] = R"(<?xml version="1.0" encoding="UTF-8"?>
+<root><PrinterSettingsInfo STRING="Printer Settings">
+  <General STRING="General">
+    <SleepTimer TYPE="INTEGER" STRING="Sleep timer" CURRENT="5" FACTORY="15" MIN="1" MAX="240"/>
+    <Location TYPE="EDITBOX" STRING="Location" CURRENT="Lab" FACTORY="Office"/>
+    %1
+  </General>
+</PrinterSettingsInfo></root>
+)";
+
+const char kDevName[] = "E2E Laser";
+
+// Runs xdotool, the stand-in for the user's keyboard, and gives its output.
+QByteArray xdotool(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral("xdotool"), arguments);
+    process.waitForFinished(10000);
+    return process.readAllStandardOutput().trimmed();
+}
+
+QStringList windowsNamed(const QString& pattern)
+{
+    const QByteArray found = xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                                      QStringLiteral("--name"), pattern});
+    return QString::fromLatin1(found).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QString waitForWindow(const QString& pattern)
+{
+    for (int i = 0; i < 300; ++i) {
+        const QStringList windows = windowsNamed(pattern);
+        if (!windows.isEmpty())
+            return windows.first();
+        QTest::qWait(50);
+    }
+    return QString();
+}
+
+void pressKeys(const QString& window, const QStringList& keys)
+{
+    xdotool({QStringLiteral("windowfocus"), QStringLiteral("--sync"), window});
+    xdotool(QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("30")} +
+            keys);
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// The program installed in a folder of its own, as the printing system would find it, so the
+// files it writes beside itself land in the test's temporary folder.
+struct Installation
+{
+    QTemporaryDir dir;
+    QString bin = dir.filePath(QStringLiteral("bin"));
+
+    Installation()
+    {
+        QDir().mkpath(bin);
+        QFile::copy(TavProcess::path(), bin + QStringLiteral("/tav"));
+        for (const char* name : {"dependencies.xml", ".version"})
+            QFile::copy(QStringLiteral(TAV_BIN_DIR "/") + QLatin1String(name),
+                        bin + QLatin1Char('/') + QLatin1String(name));
+        QFile::link(QStringLiteral(TAV_SHARE_DIR), dir.filePath(QStringLiteral("share")));
+    }
+
+    QString writeSpecification(const QString& extra = QString()) const
+    {
+        const QString path = dir.filePath(QStringLiteral("device.xml"));
+        QFile file(path);
+        file.open(QIODevice::WriteOnly);
+        file.write(QString::fromUtf8(kSpecification).arg(extra).toUtf8());
+        return path;
+    }
+
+    QByteArray savedFile(const char* pattern) const
+    {
+        return readFile(bin + QLatin1Char('/') + QString::fromLatin1(pattern).arg(kDevName));
+    }
+
+    void start(QProcess& tav, const QString& device, const QStringList& keywords = {},
+               const QString& locale = QStringLiteral("C")) const
+    {
+        QProcessEnvironment env = TavProcess::environment();
+        env.insert(QStringLiteral("LC_ALL"), locale);
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+        tav.setProcessEnvironment(env);
+        tav.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        tav.start(bin + QStringLiteral("/tav"),
+                  QStringList{device, QString::fromLatin1(kDevName)} + keywords);
+    }
+};
+
+} // namespace
+
+// The real program under an X server, driven by key presses as a user would.
+class TestEndToEnd : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        if (qEnvironmentVariableIsEmpty("DISPLAY") ||
+            xdotool({QStringLiteral("version")}).isEmpty())
+            QSKIP("needs an X server and xdotool (make check provides both)");
+    }
+
+    void editAndApply_data()
+    {
+        QTest::addColumn<QStringList>("faults");
+        QTest::addColumn<QString>("extra");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("accepted") << QStringList() << QString() << true;
+        QTest::newRow("refused") << QStringList{QStringLiteral("--reject")} << QString() << false;
+        QTest::newRow("invalid value elsewhere")
+            << QStringList()
+            << QStringLiteral("<Gateway TYPE=\"IPADDRESS\" STRING=\"Gateway\" "
+                              "CURRENT=\"300.1.1.1\"/>")
+            << false;
+    }
+
+    void editAndApply()
+    {
+        QFETCH(QStringList, faults);
+        QFETCH(QString, extra);
+        QFETCH(bool, accepted);
+        Installation app;
+        VirtualPrinterProcess printer(app.writeSpecification(extra), app.dir.path(), faults);
+        QVERIFY(printer.isReady());
+        QProcess tav;
+        app.start(tav, printer.link, {QStringLiteral("save_tav_send"), QStringLiteral("save_tav")});
+        const QString dialog = waitForWindow(QString::fromLatin1(kDevName));
+        QVERIFY(!dialog.isEmpty());
+        QVERIFY(app.savedFile("tav(%1).xml").contains("<SleepTimer"));
+
+        // Alt+S reaches the sleep timer through its caption's mnemonic; Alt+A is Apply.
+        pressKeys(dialog, {QStringLiteral("alt+s"), QStringLiteral("ctrl+a"), QStringLiteral("4"),
+                           QStringLiteral("2"), QStringLiteral("alt+a")});
+        if (accepted) {
+            QTRY_VERIFY_WITH_TIMEOUT(printer.stateText().contains("CURRENT=\"42\""), 15000);
+            const QByteArray sent = app.savedFile("tav_send(%1).xml");
+            QVERIFY2(sent.contains("<SleepTimer CURRENT=\"42\"/>"), sent.constData());
+            QVERIFY(!sent.contains("Location"));
+        } else {
+            // The user is told, and nothing reaches the device's stored settings.
+            const QString box = waitForWindow(QStringLiteral("^Error$"));
+            QVERIFY(!box.isEmpty());
+            pressKeys(box, {QStringLiteral("Return")});
+            QVERIFY(!printer.stateText().contains("CURRENT=\"42\""));
+        }
+        pressKeys(dialog, {QStringLiteral("alt+c")});
+        QVERIFY(tav.waitForFinished(15000));
+        QCOMPARE(tav.exitCode(), 0);
+    }
+
+    void secondStartLeavesTheDeviceToTheFirst()
+    {
+        Installation app;
+        VirtualPrinterProcess printer(app.writeSpecification(), app.dir.path());
+        QProcess first;
+        app.start(first, printer.link);
+        const QString dialog = waitForWindow(QString::fromLatin1(kDevName));
+        QVERIFY(!dialog.isEmpty());
+
+        QProcess second;
+        app.start(second, printer.link);
+        QVERIFY(second.waitForFinished(15000));
+        QCOMPARE(second.exitCode(), 0);
+        QCOMPARE(windowsNamed(QString::fromLatin1(kDevName)).size(), 1);
+        pressKeys(dialog, {QStringLiteral("alt+c")});
+        QVERIFY(first.waitForFinished(15000));
+    }
+
+    void unreachableDeviceIsReported_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("English") << QStringLiteral("C") << QStringLiteral("^Error$");
+        QTest::newRow("German") << QStringLiteral("de_DE.UTF-8") << QStringLiteral("^Fehler$");
+    }
+
+    void unreachableDeviceIsReported()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, title);
+        Installation app;
+        QProcess tav;
+        app.start(tav, app.dir.filePath(QStringLiteral("no-such-printer")), {}, locale);
+        const QString box = waitForWindow(title);
+        QVERIFY(!box.isEmpty());
+        tav.kill();
+        tav.waitForFinished(5000);
+    }
+
+    void localSpecificationIsReadAndSaved()
+    {
+        Installation app;
+        QFile::copy(app.writeSpecification(), app.bin + QStringLiteral("/tav.xml"));
+        QProcess tav;
+        app.start(tav, app.dir.filePath(QStringLiteral("no-such-printer")),
+                  {QStringLiteral("use_local_tav"), QStringLiteral("save_new_tav")});
+        const QString dialog = waitForWindow(QString::fromLatin1(kDevName));
+        QVERIFY(!dialog.isEmpty());
+        QVERIFY(windowsNamed(QStringLiteral("^Error$")).isEmpty());
+        // The copy is the document as read back from the element tree, written anew.
+        const QByteArray saved = app.savedFile("tav(%1).xml");
+        QVERIFY2(saved.contains("<SleepTimer") && saved.contains("CURRENT=\"5\""),
+                 saved.constData());
+        pressKeys(dialog, {QStringLiteral("alt+c")});
+        QVERIFY(tav.waitForFinished(15000));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEndToEnd)
+#include "TestEndToEnd.moc"
