@@ -1,16 +1,20 @@
 #include "ButtonElement.h"
 #include "ConcreteElement.h"
 #include "Configurator.h"
+#include "FormElement.h"
 #include "HelpViewer.h"
 #include "ModalWatcher.h"
+#include "PopupForm.h"
 #include "SettingsDialog.h"
 #include "SettingsViewItem.h"
 #include "VirtualPrinterProcess.h"
 
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QTreeWidget>
 
 namespace {
@@ -172,6 +176,70 @@ private slots:
         QCOMPARE(current->element()->id(), QStringLiteral("PrintServer"));
         QVERIFY(s.sent().isEmpty());
         QVERIFY(!s.printer->stateText().contains("CURRENT=\"30\""));
+    }
+
+    static QString withForm(const char* address)
+    {
+        return QStringLiteral("<Net TYPE=\"POPUP\" STRING=\"Network\">"
+                              "<Server TYPE=\"EDITBOX\" STRING=\"Server\" CURRENT=\"a\"/>"
+                              "<Ip TYPE=\"IPADDRESS\" STRING=\"Address\" CURRENT=\"%1\"/>"
+                              "</Net>")
+            .arg(QLatin1String(address));
+    }
+
+    static FormElement* form(Setup& s)
+    {
+        return qobject_cast<FormElement*>(
+            s.configurator->rootElement()->findElement(QStringLiteral("Net")));
+    }
+
+    void popupFormIsAppliedAlone()
+    {
+        Setup s(withForm("1.2.3.4"));
+        valueElement(*s.configurator, "SleepTimer")->valueChange(QStringLiteral("30"));
+        FormElement* net = form(s);
+        s.dialog->paramList->setCurrentItem(s.dialog->findParamItem(QStringLiteral("General")));
+        auto* button = qobject_cast<QPushButton*>(net->control());
+        QVERIFY(button);
+        QTimer::singleShot(0, net, [net] {
+            PopupForm* popup = net->form();
+            QVERIFY(popup);
+            auto* address = popup->controlPanel()->findChildren<QLineEdit*>().value(1);
+            QVERIFY(address);
+            address->selectAll();
+            QTest::keyClicks(address, QStringLiteral("10.0.0.9"));
+            QTest::mouseClick(popup->findChild<QPushButton*>(QStringLiteral("btnOK")),
+                              Qt::LeftButton);
+            if (net->form())
+                net->form()->reject();
+        });
+        QTest::mouseClick(button, Qt::LeftButton);
+        // The form goes to the device by itself; the change outside it stays pending.
+        QVERIFY2(s.sent().contains("<Ip CURRENT=\"10.0.0.9\"/>"), s.sent().constData());
+        QVERIFY(!s.sent().contains("SleepTimer"));
+        QVERIFY(s.printer->stateText().contains("10.0.0.9"));
+        QVERIFY(s.dialog->applyBtn->isEnabled());
+    }
+
+    void invalidValueInFormOpensTheForm()
+    {
+        Setup s(withForm("300.1.1.1"));
+        valueElement(*s.configurator, "SleepTimer")->valueChange(QStringLiteral("30"));
+        FormElement* net = form(s);
+        // The warning comes first (the watcher answers it), then the form opens modally.
+        bool opened = false;
+        QTimer closer;
+        connect(&closer, &QTimer::timeout, net, [net, &opened] {
+            if (net->form() && net->form()->isVisible()) {
+                opened = true;
+                net->form()->reject();
+            }
+        });
+        closer.start(20);
+        QTest::mouseClick(s.dialog->applyBtn, Qt::LeftButton);
+        QTRY_VERIFY(opened);
+        QCOMPARE(s.boxes.seen.value(0).section(QLatin1Char('|'), 0, 0), QStringLiteral("Error"));
+        QVERIFY(s.sent().isEmpty());
     }
 
     void defaultRestoresFactoryValues()
