@@ -48,22 +48,22 @@ struct Xml
     }
     static QString cond(const QString& id, const QString& value, const QString& is = "EQUAL")
     {
-        return QString("<Condition><%1 CURRENT=\"%2\" IS=\"%3\"/></Condition>").arg(id, value, is);
+        return QString("<Condition><%1 CURRENT='%2' IS='%3'/></Condition>").arg(id, value, is);
     }
     static QString min(const QString& value)
     {
-        return "<Attributes><Attribute NAME=\"min\" VALUE=\"" + value + "\"/></Attributes>";
+        return "<Attributes><Attribute NAME='min' VALUE='" + value + "'/></Attributes>";
     }
 };
 
-const QString kSettings = "<A TYPE=\"EDITBOX\" CURRENT=\"%1\"/><T TYPE=\"EDITBOX\"/>"
-                          "<B TYPE=\"INTEGER\" CURRENT=\"1\" MIN=\"0\" MAX=\"10\"/>";
+const QString kSettings = "<A TYPE='EDITBOX' CURRENT='%1'/><T TYPE='EDITBOX'/>"
+                          "<B TYPE='INTEGER' CURRENT='1' MIN='0' MAX='10'/>";
 const QString kOn = Xml::cond("A", "on");
 const QString kOff = Xml::cond("A", "off");
 
 } // namespace
 
-// Rules between settings at run time: when they hold, their effects, cycles, the gateway.
+// Rules between settings at run time: when they hold, their effects, limits, cycles.
 class TestConstraintEvaluator : public QObject, private Xml
 {
     Q_OBJECT
@@ -77,8 +77,7 @@ private slots:
         QTest::addColumn<QString>("rules");
         // A's value when read > after the change: T's state, B's minimum and value.
         QTest::addColumn<QString>("scenario");
-        const QString all =
-            "<Condition><A CURRENT=\"on\"/><B CURRENT=\"1\" IS=\"GREAT\"/></Condition>";
+        const QString all = "<Condition><A CURRENT='on'/><B CURRENT='1' IS='GREAT'/></Condition>";
         QTest::newRow("disable holds") << onT("Disable", kOn) << "off>on: disabled shown 0 1";
         QTest::newRow("disable fails") << onT("Disable", kOn) << "on>off: enabled shown 0 1";
         QTest::newRow("enable holds") << onT("Enable", kOn) << "off>on: enabled shown 0 1";
@@ -141,7 +140,7 @@ private slots:
         QTest::addColumn<QString>("disable");
         QTest::addColumn<bool>("applied");
         QTest::newRow("self-checked") << "Disable" << true;
-        QTest::newRow("FALSE") << "Disable SELFCHECKED=\"false\"" << false;
+        QTest::newRow("FALSE") << "Disable SELFCHECKED='false'" << false;
     }
 
     void selfChecked()
@@ -176,8 +175,8 @@ private slots:
     {
         QFETCH(QString, rules);
         QFETCH(QStringList, allowed);
-        Tree tree("<M TYPE=\"COMBOBOX\" CURRENT=\"Plain\"><Plain/><Envelope/></M>"
-                  "<P TYPE=\"COMBOBOX\" CURRENT=\"A4\"><A4/><Letter/><DL/><C5/></P>",
+        Tree tree("<M TYPE='COMBOBOX' CURRENT='Plain'><Plain/><Envelope/></M>"
+                  "<P TYPE='COMBOBOX' CURRENT='A4'><A4/><Letter/><DL/><C5/></P>",
                   on("P", rules));
         auto* p = tree.get<ListElement>("P");
         QWidget panel;
@@ -199,13 +198,12 @@ private slots:
 
     void referencedLimit()
     {
-        Tree tree(
-            "<PaperSize TYPE=\"PAPERSIZE\" CURRENT=\"A4\"><A4 MAXTOPMARGIN=\"28\"/>"
-            "<Executive MAXTOPMARGIN=\"20\"/><Custom/></PaperSize>"
-            "<TopMargin TYPE=\"INTEGER\" CURRENT=\"27\" MIN=\"0\" MAX=\"40\"/>",
-            on("TopMargin", rule("Constraint", "<Attributes><RefAttribute NAME=\"max\" "
-                                               "VALUE=\"PaperSize#maxtopmargin\" REF=\"TRUE\"/>"
-                                               "</Attributes>")));
+        Tree tree("<PaperSize TYPE='PAPERSIZE' CURRENT='A4'><A4 MAXTOPMARGIN='28'/>"
+                  "<Executive MAXTOPMARGIN='20'/><Custom/></PaperSize>"
+                  "<TopMargin TYPE='INTEGER' CURRENT='27' MIN='0' MAX='40'/>",
+                  on("TopMargin", rule("Constraint", "<Attributes><RefAttribute NAME='max' "
+                                                     "VALUE='PaperSize#maxtopmargin' REF='TRUE'/>"
+                                                     "</Attributes>")));
         auto* margin = tree.get<NumericElement>("TopMargin");
         QWidget panel;
         auto* spin = margin->createControl(&panel)->findChild<QSpinBox*>();
@@ -223,36 +221,13 @@ private slots:
 
     void cycles()
     {
-        const QString list = "<%1 TYPE=\"COMBOBOX\" CURRENT=\"a\"><a/><b/></%1>";
+        const QString list = "<%1 TYPE='COMBOBOX' CURRENT='a'><a/><b/></%1>";
         // S at b allows Y only b; Y at b allows S only a, which would allow Y b again.
         Tree tree(list.arg("S") + list.arg("Y"),
                   on("Y", rule("Constraint", cond("S", "b") + "<Value><b/></Value>")) +
                       on("S", rule("Constraint", cond("Y", "b") + "<Value><a/></Value>")));
         tree.get("S")->valueChange("b");
         QCOMPARE(tree.get("S")->current() + tree.get("Y")->current(), QString("ab"));
-    }
-
-    void gateway_data()
-    {
-        QTest::addColumn<QString>("gateway"); // IP address 192.168.1.10, mask 255.255.255.0
-        QTest::addColumn<bool>("valid");
-        QTest::newRow("in the subnet") << "192.168.1.1" << true;
-        QTest::newRow("other subnet") << "192.168.2.1" << false;
-        QTest::newRow("the address itself") << "192.168.1.10" << false;
-        QTest::newRow("network address") << "192.168.1.0" << false;
-        QTest::newRow("broadcast address") << "192.168.1.255" << false;
-        QTest::newRow("empty") << "" << true;
-    }
-
-    void gateway()
-    {
-        QFETCH(QString, gateway);
-        QFETCH(bool, valid);
-        const QString ip = "<%1 TYPE=\"IPADDRESS\" CURRENT=\"%2\"/>";
-        Tree tree(ip.arg("IPAddress", "192.168.1.10") + ip.arg("SubnetMask", "255.255.255.0") +
-                      ip.arg("Gateway", gateway),
-                  QString());
-        QCOMPARE(tree.get("Gateway")->isValid(), valid);
     }
 };
 

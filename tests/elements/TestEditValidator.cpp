@@ -44,7 +44,7 @@ private slots:
         QFETCH(QString, value);
         QFETCH(bool, kept);
         const auto parser = SpecText::read(
-            QStringLiteral("<E TYPE=\"%1\" CURRENT=\"%2\"/>").arg(type, value.toHtmlEscaped()));
+            QStringLiteral("<E TYPE='%1' CURRENT=\"%2\"/>").arg(type, value.toHtmlEscaped()));
         ConcreteElement* e = read(*parser);
         QCOMPARE(e->current(), kept ? value : QString(""));
         QCOMPARE(e->initial(), value);
@@ -61,16 +61,16 @@ private slots:
         const QString unallowed = "<UnAllowedCharacters>%1</UnAllowedCharacters>";
         QTest::newRow("allowed only") << allowed.arg("", "abc") << "[abc]*" << QString();
         QTest::newRow("AllowedCharOnly ignores unallowed")
-            << allowed.arg(" SymbolSet=\"AllowedCharOnly\"", "a-z") + unallowed.arg("x")
-            << "[a\\-z]*" << QString("Warning: ignoring unexpected 'UnAllowedCharacters' element");
+            << allowed.arg(" SymbolSet='AllowedCharOnly'", "a-z") + unallowed.arg("x") << "[a\\-z]*"
+            << QString("Warning: ignoring unexpected 'UnAllowedCharacters' element");
         QTest::newRow("unallowed only") << unallowed.arg(";_") << "[^;_]*" << QString();
         QTest::newRow("MultiLanguage")
-            << allowed.arg(" SymbolSet=\"MultiLanguage\"", "") << ".*" << QString();
+            << allowed.arg(" SymbolSet='MultiLanguage'", "") << ".*" << QString();
         QTest::newRow("MultiLanguage with unallowed")
-            << allowed.arg(" SymbolSet=\"MultiLanguage\"", "") + unallowed.arg("^]") << "[^\\^\\]]*"
+            << allowed.arg(" SymbolSet='MultiLanguage'", "") + unallowed.arg("^]") << "[^\\^\\]]*"
             << QString();
         QTest::newRow("unknown symbol set")
-            << allowed.arg(" SymbolSet=\"EBCDIC\"", "ab") << QString(EditElement::defaultPattern)
+            << allowed.arg(" SymbolSet='EBCDIC'", "ab") << QString(EditElement::defaultPattern)
             << "Warning: unexpected symbolSet='EBCDIC'";
         QTest::newRow("second allowed ignored")
             << allowed.arg("", "ab") + allowed.arg("", "cd") << "[ab]*"
@@ -88,7 +88,7 @@ private slots:
         QFETCH(QString, warning);
         StderrCapture capture;
         const auto parser = SpecText::read(
-            QStringLiteral("<E TYPE=\"EDITBOX\" CURRENT=\"v\">%1</E>").arg(declarations));
+            QStringLiteral("<E TYPE='EDITBOX' CURRENT='v'>%1</E>").arg(declarations));
         const QByteArray log = capture.text();
         QCOMPARE(read(*parser)->validationPattern(), pattern);
         QVERIFY2(log.contains(warning.toUtf8()), log.constData());
@@ -139,7 +139,7 @@ private slots:
         QFETCH(QString, type);
         QFETCH(QString, value);
         QFETCH(bool, valid);
-        const auto parser = SpecText::read(QStringLiteral("<E TYPE=\"%1\"/>").arg(type));
+        const auto parser = SpecText::read(QStringLiteral("<E TYPE='%1'/>").arg(type));
         read(*parser)->valueChange(value);
         QCOMPARE(read(*parser)->isValid(), valid);
     }

@@ -51,8 +51,8 @@ private slots:
 
     void mnemonicFocusesInput()
     {
-        const auto parser = SpecText::read("<A TYPE=\"EDITBOX\" STRING=\"Name\"/>"
-                                           "<B TYPE=\"EDITBOX\" STRING=\"Number\"/>");
+        const auto parser = SpecText::read("<A TYPE='EDITBOX' STRING='Name'/>"
+                                           "<B TYPE='EDITBOX' STRING='Number'/>");
         QWidget window;
         parser->findElement("A")->createControl(&window);
         parser->findElement("B")->createControl(&window);

@@ -37,36 +37,35 @@ private slots:
     {
         QTest::addColumn<QString>("attributes");
         QTest::addColumn<QString>("after");
-        QTest::newRow("above max") << "INTEGER\" CURRENT=\"120\" MIN=\"0\" MAX=\"100\""
+        QTest::newRow("above max") << "INTEGER' CURRENT='120' MIN='0' MAX='100'"
                                    << "100";
-        QTest::newRow("below min") << "INTEGER\" CURRENT=\"3\" MIN=\"5\" MAX=\"100\""
+        QTest::newRow("below min") << "INTEGER' CURRENT='3' MIN='5' MAX='100'"
                                    << "5";
-        QTest::newRow("inside") << "INTEGER\" CURRENT=\"50\" MIN=\"0\" MAX=\"100\""
+        QTest::newRow("inside") << "INTEGER' CURRENT='50' MIN='0' MAX='100'"
                                 << "50";
-        QTest::newRow("at the limits") << "INTEGER\" CURRENT=\"100\" MIN=\"100\" MAX=\"100\""
+        QTest::newRow("at the limits") << "INTEGER' CURRENT='100' MIN='100' MAX='100'"
                                        << "100";
-        QTest::newRow("missing MIN compares with 0") << "INTEGER\" CURRENT=\"0\" MAX=\"10\""
+        QTest::newRow("missing MIN compares with 0") << "INTEGER' CURRENT='0' MAX='10'"
                                                      << "0";
         QTest::newRow("below a missing MIN takes its empty text")
-            << "INTEGER\" CURRENT=\"-1\" MAX=\"10\""
+            << "INTEGER' CURRENT='-1' MAX='10'"
             << "";
-        QTest::newRow("not a number counts as 0")
-            << "INTEGER\" CURRENT=\"abc\" MIN=\"2\" MAX=\"10\""
-            << "2";
-        QTest::newRow("slider not clamped") << "SLIDER\" CURRENT=\"500\" MIN=\"0\" MAX=\"100\""
+        QTest::newRow("not a number counts as 0") << "INTEGER' CURRENT='abc' MIN='2' MAX='10'"
+                                                  << "2";
+        QTest::newRow("slider not clamped") << "SLIDER' CURRENT='500' MIN='0' MAX='100'"
                                             << "500";
-        QTest::newRow("float kept") << "FLOAT\" CURRENT=\" 3.5 \" MIN=\"0.5\" MAX=\"2.5\""
+        QTest::newRow("float kept") << "FLOAT' CURRENT=' 3.5 ' MIN='0.5' MAX='2.5'"
                                     << " 3.5 ";
     }
     void clamping()
     {
         QFETCH(QString, attributes);
         QFETCH(QString, after);
-        const auto parser = SpecText::read(QStringLiteral("<N TYPE=\"%1/>").arg(attributes));
+        const auto parser = SpecText::read(QStringLiteral("<N TYPE='%1/>").arg(attributes));
         QSignalSpy spy(numeric(*parser), &ConcreteElement::valueChanged);
         QVERIFY(numeric(*parser)->isValid());
         QCOMPARE(numeric(*parser)->current(), after);
-        const bool clamped = after != attributes.section('"', 2, 2);
+        const bool clamped = after != attributes.section('\'', 2, 2);
         QCOMPARE(spy.count(), clamped ? 1 : 0);
         if (clamped)
             QCOMPARE(spy.at(0).at(0).toString(), after);
@@ -74,7 +73,7 @@ private slots:
 
     void limitSignals()
     {
-        const auto parser = SpecText::read("<N TYPE=\"FLOAT\" MIN=\"1\" MAX=\"2\" STEP=\"1\"/>");
+        const auto parser = SpecText::read("<N TYPE='FLOAT' MIN='1' MAX='2' STEP='1'/>");
         auto* f = qobject_cast<FloatElement*>(numeric(*parser));
         QSignalSpy max(f, &BoundaryElement::maxChanged);
         QSignalSpy min(f, &NumericElement::minChanged);
@@ -97,25 +96,22 @@ private slots:
         QTest::addColumn<QString>("attributes");
         QTest::addColumn<QList<int>>("shown"); // minimum, maximum, step, value
         QTest::addColumn<QString>("text");
-        QTest::newRow("all given") << "INTEGER\" MIN=\"1\" MAX=\"9\" STEP=\"2\" CURRENT=\"5\""
-                                   << QList<int>({1, 9, 2, 5}) << "5";
+        QTest::newRow("all given")
+            << "INTEGER' MIN='1' MAX='9' STEP='2' CURRENT='5'" << QList<int>({1, 9, 2, 5}) << "5";
         QTest::newRow("missing MIN counts as 0")
-            << "INTEGER\" MAX=\"9\" STEP=\"1\" CURRENT=\"3\"" << QList<int>({0, 9, 1, 3}) << "3";
-        QTest::newRow("no number") << "INTEGER\" MIN=\"a\" MAX=\"20\" STEP=\"1\" CURRENT=\"x\""
-                                   << QList<int>({0, 20, 1, 0}) << "0";
+            << "INTEGER' MAX='9' STEP='1' CURRENT='3'" << QList<int>({0, 9, 1, 3}) << "3";
+        QTest::newRow("no number")
+            << "INTEGER' MIN='a' MAX='20' STEP='1' CURRENT='x'" << QList<int>({0, 20, 1, 0}) << "0";
         QTest::newRow("missing STEP steps by one")
-            << "INTEGER\" MIN=\"0\" MAX=\"20\" CURRENT=\"4\"" << QList<int>({0, 20, 1, 4}) << "4";
-        QTest::newRow("tenths, no STEP")
-            << "FLOAT\" MIN=\"0\" MAX=\"5\" DIGITS=\"1\" CURRENT=\"2.3\""
-            << QList<int>({0, 50, 1, 23}) << "2.3";
-        QTest::newRow("step given")
-            << "FLOAT\" MIN=\"1\" MAX=\"2\" STEP=\"0.25\" DIGITS=\"2\" CURRENT=\"1.5\""
-            << QList<int>({100, 200, 25, 150}) << "1.50";
-        QTest::newRow("zero digits") << "FLOAT\" MIN=\"0\" MAX=\"10\" DIGITS=\"0\" CURRENT=\"7\""
+            << "INTEGER' MIN='0' MAX='20' CURRENT='4'" << QList<int>({0, 20, 1, 4}) << "4";
+        QTest::newRow("tenths, no STEP") << "FLOAT' MIN='0' MAX='5' DIGITS='1' CURRENT='2.3'"
+                                         << QList<int>({0, 50, 1, 23}) << "2.3";
+        QTest::newRow("step given") << "FLOAT' MIN='1' MAX='2' STEP='0.25' DIGITS='2' CURRENT='1.5'"
+                                    << QList<int>({100, 200, 25, 150}) << "1.50";
+        QTest::newRow("zero digits") << "FLOAT' MIN='0' MAX='10' DIGITS='0' CURRENT='7'"
                                      << QList<int>({0, 10, 1, 7}) << "7.0";
-        QTest::newRow("surplus decimals cut")
-            << "FLOAT\" MIN=\"0\" MAX=\"5\" DIGITS=\"1\" CURRENT=\"2.39\""
-            << QList<int>({0, 50, 1, 23}) << "2.3";
+        QTest::newRow("surplus decimals cut") << "FLOAT' MIN='0' MAX='5' DIGITS='1' CURRENT='2.39'"
+                                              << QList<int>({0, 50, 1, 23}) << "2.3";
     }
     void spinBoxes()
     {
@@ -123,7 +119,7 @@ private slots:
         QFETCH(QList<int>, shown);
         QFETCH(QString, text);
         const auto parser =
-            SpecText::read(QStringLiteral("<N STRING=\"Copies\" TYPE=\"%1/>").arg(attributes));
+            SpecText::read(QStringLiteral("<N STRING='Copies' TYPE='%1/>").arg(attributes));
         QWidget panel;
         QWidget* box = numeric(*parser)->createControl(&panel);
         QCOMPARE(box->findChild<QLabel*>("label")->buddy(), numeric(*parser)->control());
@@ -146,10 +142,9 @@ private slots:
         QFETCH(QString, type);
         QFETCH(QString, value);
         QFETCH(int, position);
-        const auto parser =
-            SpecText::read(QStringLiteral("<N TYPE=\"%1\" MIN=\"0\" MAX=\"90\" "
-                                          "STEP=\"10\" DIGITS=\"1\" CURRENT=\"30\"/>")
-                               .arg(type));
+        const auto parser = SpecText::read(QStringLiteral("<N TYPE='%1' MIN='0' MAX='90' "
+                                                          "STEP='10' DIGITS='1' CURRENT='30'/>")
+                                               .arg(type));
         NumericElement* element = numeric(*parser);
         QWidget panel;
         QWidget* box = element->createControl(&panel);
@@ -169,7 +164,7 @@ private slots:
     void limitSlotsReachTheControl()
     {
         const auto parser =
-            SpecText::read("<N TYPE=\"FLOAT\" MIN=\"0\" MAX=\"5\" DIGITS=\"1\" CURRENT=\"2.5\"/>");
+            SpecText::read("<N TYPE='FLOAT' MIN='0' MAX='5' DIGITS='1' CURRENT='2.5'/>");
         auto* element = qobject_cast<FloatElement*>(numeric(*parser));
         QWidget panel;
         element->createControl(&panel);
@@ -188,8 +183,7 @@ private slots:
 
     void repeatedCreateKeepsOneConnection()
     {
-        const auto parser =
-            SpecText::read("<N TYPE=\"INTEGER\" MIN=\"0\" MAX=\"50\" CURRENT=\"5\"/>");
+        const auto parser = SpecText::read("<N TYPE='INTEGER' MIN='0' MAX='50' CURRENT='5'/>");
         NumericElement* element = numeric(*parser);
         QWidget panel;
         for (int i = 0; i < 3; ++i) {
@@ -208,8 +202,8 @@ private slots:
 
     void sliderKeyboardAndLabels()
     {
-        const auto parser = SpecText::read("<N TYPE=\"SLIDER\" STRING=\"Darkness\" MIN=\"-5\" "
-                                           "MAX=\"5\" STEP=\"1\" CURRENT=\"0\"/>");
+        const auto parser = SpecText::read("<N TYPE='SLIDER' STRING='Darkness' MIN='-5' "
+                                           "MAX='5' STEP='1' CURRENT='0'/>");
         NumericElement* element = numeric(*parser);
         QWidget panel;
         QWidget* box = element->createControl(&panel);
@@ -253,8 +247,7 @@ private slots:
         QFETCH(int, ignored);
         StderrCapture capture;
         const auto parser = SpecText::read(
-            QStringLiteral(
-                "<N TYPE=\"SLIDER\" MIN=\"0\" MAX=\"100\" STEP=\"5\" COLORMARKER=\"%1\"/>")
+            QStringLiteral("<N TYPE='SLIDER' MIN='0' MAX='100' STEP='5' COLORMARKER='%1'/>")
                 .arg(markers));
         QCOMPARE(int(capture.text().count("Warning: ignoring COLORMARKER item")), ignored);
         auto* element = qobject_cast<SliderElement*>(numeric(*parser));

@@ -17,16 +17,16 @@
 namespace {
 
 const char* const kTable =
-    "<T TYPE=\"TABLE\" STRING=\"Trays\"><TableHeader><HeadRow><HeadCell STRING=\"Size\"/>"
-    "<HeadCell STRING=\"Count\"/><HeadCell STRING=\"Alert\"/></HeadRow>"
-    "<HeadRow><HeadCell STRING=\"Late\"/></HeadRow></TableHeader>"
-    "<DataRow STRING=\"Tray 1\"><DataCell TYPE=\"COMBOBOX\" CURRENT=\"A4\"><A4/><A5/></DataCell>"
-    "<DataCell TYPE=\"INTEGER\" MIN=\"1\" MAX=\"3\" STEP=\"1\" CURRENT=\"1\"/>"
-    "<DataCell TYPE=\"CHECKBOX\" CURRENT=\"On\"><Off/><On/></DataCell></DataRow>"
-    "<DataRow STRING=\"Tray 2\"><DataCell TYPE=\"ROWSPLIT\"/><Extra TYPE=\"INTEGER\" "
-    "CURRENT=\"1\"/>"
-    "<DataCell TYPE=\"NOPE\"/><DataCell TYPE=\"PAPERSIZE\" STRING=\"Paper\" CURRENT=\"A4\"><A4 "
-    "MAXTOPMARGIN=\"5\"/>"
+    "<T TYPE='TABLE' STRING='Trays'><TableHeader><HeadRow><HeadCell STRING='Size'/>"
+    "<HeadCell STRING='Count'/><HeadCell STRING='Alert'/></HeadRow>"
+    "<HeadRow><HeadCell STRING='Late'/></HeadRow></TableHeader>"
+    "<DataRow STRING='Tray 1'><DataCell TYPE='COMBOBOX' CURRENT='A4'><A4/><A5/></DataCell>"
+    "<DataCell TYPE='INTEGER' MIN='1' MAX='3' STEP='1' CURRENT='1'/>"
+    "<DataCell TYPE='CHECKBOX' CURRENT='On'><Off/><On/></DataCell></DataRow>"
+    "<DataRow STRING='Tray 2'><DataCell TYPE='ROWSPLIT'/><Extra TYPE='INTEGER' "
+    "CURRENT='1'/>"
+    "<DataCell TYPE='NOPE'/><DataCell TYPE='PAPERSIZE' STRING='Paper' CURRENT='A4'><A4 "
+    "MAXTOPMARGIN='5'/>"
     "</DataCell></DataRow></T>";
 
 bool record(Element* element, void* data)
