@@ -71,26 +71,6 @@ private slots:
             QCOMPARE(spy.at(0).at(0).toString(), after);
     }
 
-    void limitSignals()
-    {
-        const auto parser = SpecText::read("<N TYPE='FLOAT' MIN='1' MAX='2' STEP='1'/>");
-        auto* f = qobject_cast<FloatElement*>(numeric(*parser));
-        QSignalSpy max(f, &BoundaryElement::maxChanged);
-        QSignalSpy min(f, &NumericElement::minChanged);
-        QSignalSpy digits(f, &FloatElement::digitsChanged);
-        f->maxChange("2");
-        f->maxChange("3");
-        f->minChange("0");
-        f->digitsChange("2");
-        f->digitsChange("2");
-        QCOMPARE(max.count(), 1);
-        QCOMPARE(max.at(0).at(0).toString(), QString("3"));
-        QCOMPARE(min.count(), 1);
-        QCOMPARE(digits.count(), 1);
-        QVERIFY(f->setProperty("min", "-1"));
-        QCOMPARE(f->min(), QString("-1"));
-    }
-
     void spinBoxes_data()
     {
         QTest::addColumn<QString>("attributes");
@@ -121,8 +101,7 @@ private slots:
         const auto parser =
             SpecText::read(QStringLiteral("<N STRING='Copies' TYPE='%1/>").arg(attributes));
         QWidget panel;
-        QWidget* box = numeric(*parser)->createControl(&panel);
-        QCOMPARE(box->findChild<QLabel*>("label")->buddy(), numeric(*parser)->control());
+        numeric(*parser)->createControl(&panel);
         QCOMPARE(spinState(numeric(*parser)->control()), shown);
         QCOMPARE(qobject_cast<QSpinBox*>(numeric(*parser)->control())->text(), text);
         QCOMPARE(numeric(*parser)->control()->accessibleName(), QString("Copies"));
@@ -169,7 +148,10 @@ private slots:
         QWidget panel;
         element->createControl(&panel);
         QSignalSpy spy(element, &ConcreteElement::valueChanged);
+        QSignalSpy limits(element, &BoundaryElement::maxChanged);
         element->maxChange("2");
+        element->maxChange("2");
+        QCOMPARE(limits.count(), 1); // announced on a change only
         QCOMPARE(spinState(element->control()), QList<int>({0, 20, 1, 20}));
         element->minChange("1");
         element->digitsChange("2");
@@ -251,7 +233,6 @@ private slots:
                 .arg(markers));
         QCOMPARE(int(capture.text().count("Warning: ignoring COLORMARKER item")), ignored);
         auto* element = qobject_cast<SliderElement*>(numeric(*parser));
-        QCOMPARE(element->colorMarkerText(), markers);
         QWidget panel;
         QWidget* box = element->createControl(&panel);
         auto* marks = box->findChild<QLabel*>("colorMarkLabel");

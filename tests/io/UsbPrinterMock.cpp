@@ -96,34 +96,28 @@ void UsbPrinterMock::Private::answerUsb(UMockdevIoctlClient* client)
 
 int UsbPrinterMock::Private::controlReply(const unsigned char* setup, QByteArray& reply)
 {
-    const uint8_t requestType = setup[0];
-    const uint8_t request = setup[1];
-    requests.append(request);
+    requests.append(setup[1]);
     if (behaviour.controlStalls)
         return -EPIPE;
-    if (requestType == 0xC1 && request == 0x02) {
-        const bool silent = behaviour.silentProbes < 0 || statusProbes < behaviour.silentProbes;
-        ++statusProbes;
-        if (silent)
+    switch (setup[0] << 8 | setup[1]) {
+    case 0xC102: // status probe
+        if (behaviour.silentProbes < 0 || statusProbes++ < behaviour.silentProbes)
             return 0;
         reply = QByteArray(behaviour.statusLength, '\0');
-        const char id[3] = {char(behaviour.statusId >> 16), char(behaviour.statusId >> 8),
-                            char(behaviour.statusId)};
         for (int i = 0; i < 3 && i + 1 < reply.size(); ++i)
-            reply[i + 1] = id[i];
+            reply[i + 1] = char(behaviour.statusId >> (16 - 8 * i));
         return 0;
-    }
-    if (requestType == 0xC1 && request == 0x99)
+    case 0xC199: // wake-up
         return behaviour.wakeupFails ? -EPIPE : 0;
-    if (requestType == 0xC1 && request == 0xE0) {
+    case 0xC1E0:
         reply = behaviour.extendedId;
         return 0;
-    }
-    if (requestType == 0xA1 && request == 0x00) {
+    case 0xA100:
         reply = behaviour.classDeviceId;
         return 0;
+    default:
+        return -EPIPE;
     }
-    return -EPIPE;
 }
 
 // Completes a control URB at once. A reply longer than the host asked for is what a
@@ -177,19 +171,17 @@ UsbPrinterMock::UsbPrinterMock()
         qFatal("umockdev: %s", error->message);
     d->usblpHandler = umockdev_ioctl_base_new();
     d->usbHandler = umockdev_ioctl_base_new();
-    using IoctlHandler = gboolean (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, Private*);
-    const IoctlHandler usblpIoctl = [](UMockdevIoctlBase*, UMockdevIoctlClient* client,
-                                       Private* self) -> gboolean {
-        self->answerUsblp(client);
+    const auto handle = [](UMockdevIoctlBase* base, UMockdevIoctlClient* client,
+                           Private* self) -> gboolean {
+        if (base == self->usblpHandler)
+            self->answerUsblp(client);
+        else
+            self->answerUsb(client);
         return TRUE;
     };
-    const IoctlHandler usbIoctl = [](UMockdevIoctlBase*, UMockdevIoctlClient* client,
-                                     Private* self) -> gboolean {
-        self->answerUsb(client);
-        return TRUE;
-    };
-    g_signal_connect(d->usblpHandler, "handle-ioctl", G_CALLBACK(usblpIoctl), d.get());
-    g_signal_connect(d->usbHandler, "handle-ioctl", G_CALLBACK(usbIoctl), d.get());
+    using Handler = gboolean (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, Private*);
+    for (UMockdevIoctlBase* base : {d->usblpHandler, d->usbHandler})
+        g_signal_connect(base, "handle-ioctl", G_CALLBACK(Handler(handle)), d.get());
     if (!umockdev_testbed_attach_ioctl(d->testbed, UsbPrinterMock::kUsblp, d->usblpHandler,
                                        &error) ||
         !umockdev_testbed_attach_ioctl(d->testbed, kUsbNode, d->usbHandler, &error))
