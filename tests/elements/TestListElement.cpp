@@ -239,13 +239,15 @@ private slots:
     void setControlValueIsSilent_data()
     {
         QTest::addColumn<QString>("type");
-        QTest::newRow("check box") << "CHECKBOX";
-        QTest::newRow("radio") << "RADIOBUTTON";
-        QTest::newRow("combo") << "COMBOBOX";
+        QTest::addColumn<QString>("shown"); // B
+        QTest::newRow("check box") << "CHECKBOX" << QString("on");
+        QTest::newRow("radio") << "RADIOBUTTON" << QString("B");
+        QTest::newRow("combo") << "COMBOBOX" << QString("1");
     }
     void setControlValueIsSilent()
     {
         QFETCH(QString, type);
+        QFETCH(QString, shown);
         const auto parser =
             SpecText::read(QStringLiteral("<L TYPE='%1' CURRENT='A'><A/><B/></L>").arg(type));
         QWidget panel;
@@ -256,7 +258,7 @@ private slots:
         element->setControlValue("B");
         QCOMPARE(spy.count(), 0);
         QCOMPARE(element->current(), QString("A"));
-        QVERIFY(QStringList({"on", "1", "B"}).contains(shownChoice(element)));
+        QCOMPARE(shownChoice(element), shown);
         // The control still reports the user's next choice, once.
         if (auto* box = qobject_cast<QCheckBox*>(element->control()))
             QTest::mouseClick(box, Qt::LeftButton);
