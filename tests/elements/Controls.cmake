@@ -1,12 +1,6 @@
 # Widget tests of the setting controls.
-tav_add_qtest(NAME TestListControls SOURCES TestListControls.cpp)
-tav_add_qtest(NAME TestNumericControls SOURCES TestNumericControls.cpp)
 tav_add_qtest(NAME TestNumericValidators SOURCES TestNumericValidators.cpp)
-tav_add_qtest(NAME TestFloatSpinBox SOURCES TestFloatSpinBox.cpp)
 tav_add_qtest(NAME TestTextControls SOURCES TestTextControls.cpp)
-tav_add_qtest(NAME TestFormControls SOURCES TestFormControls.cpp ReceiverProbe.h)
-tav_add_qtest(NAME TestSliderControl SOURCES TestSliderControl.cpp)
-tav_add_qtest(NAME TestTableControl SOURCES TestTableControl.cpp)
 tav_add_qtest(NAME TestAboutControl SOURCES TestAboutControl.cpp)
 tav_add_qtest(NAME TestMnemonicRegistry SOURCES TestMnemonicRegistry.cpp)
 tav_add_qtest(NAME TestSampleControls SOURCES TestSampleControls.cpp)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QString>
 #include <QStringList>
 
 // Stands where the settings dialog receives element signals: records every slot call as
@@ -14,27 +13,21 @@ public:
     QStringList calls;
 
 public slots:
-    void changeVisibility(bool visible) { record("changeVisibility", visible ? "true" : "false"); }
-    void elementChanged(const QString& value) { record("elementChanged", value); }
-    void elementReset() { record("elementReset", QString()); }
-    void popupApplyClicked() { record("popupApplyClicked", QString()); }
-    void phoneBookClicked(const QString& id) { record("phoneBookClicked", id); }
-    void emailBookClicked(const QString& id) { record("emailBookClicked", id); }
-    void addressBookClicked(const QString& id) { record("addressBookClicked", id); }
-    void wirelessSetupClicked(const QString& id) { record("wirelessSetupClicked", id); }
-    void inkTestPagePrintClicked(const QString& id) { record("inkTestPagePrintClicked", id); }
-    void inkCartridgeCleanClicked(const QString& id) { record("inkCartridgeCleanClicked", id); }
-    void inkCartridgeAlignSFPClicked(const QString& id)
-    {
-        record("inkCartridgeAlignSFPClicked", id);
-    }
-    void inkCartridgeAlignMFPClicked(const QString& id)
-    {
-        record("inkCartridgeAlignMFPClicked", id);
-    }
+    void changeVisibility(bool visible) { log("changeVisibility", visible ? "true" : "false"); }
+    void elementChanged(const QString& value) { log("elementChanged", value); }
+    void elementReset() { log("elementReset"); }
+    void popupApplyClicked() { log("popupApplyClicked"); }
+    void phoneBookClicked(const QString& id) { log("phoneBookClicked", id); }
+    void emailBookClicked(const QString& id) { log("emailBookClicked", id); }
+    void addressBookClicked(const QString& id) { log("addressBookClicked", id); }
+    void wirelessSetupClicked(const QString& id) { log("wirelessSetupClicked", id); }
+    void inkTestPagePrintClicked(const QString& id) { log("inkTestPagePrintClicked", id); }
+    void inkCartridgeCleanClicked(const QString& id) { log("inkCartridgeCleanClicked", id); }
+    void inkCartridgeAlignSFPClicked(const QString& id) { log("inkCartridgeAlignSFPClicked", id); }
+    void inkCartridgeAlignMFPClicked(const QString& id) { log("inkCartridgeAlignMFPClicked", id); }
 
 private:
-    void record(const char* slot, const QString& argument)
+    void log(const char* slot, const QString& argument = QString())
     {
         calls.append(QString::fromLatin1(slot) + QLatin1Char(':') + argument);
     }

@@ -48,22 +48,22 @@ struct Xml
     }
     static QString cond(const QString& id, const QString& value, const QString& is = "EQUAL")
     {
-        return QString("<Condition><%1 CURRENT=\"%2\" IS=\"%3\"/></Condition>").arg(id, value, is);
+        return QString("<Condition><%1 CURRENT='%2' IS='%3'/></Condition>").arg(id, value, is);
     }
     static QString min(const QString& value)
     {
-        return "<Attributes><Attribute NAME=\"min\" VALUE=\"" + value + "\"/></Attributes>";
+        return "<Attributes><Attribute NAME='min' VALUE='" + value + "'/></Attributes>";
     }
 };
 
-const QString kSettings = "<A TYPE=\"EDITBOX\" CURRENT=\"%1\"/><T TYPE=\"EDITBOX\"/>"
-                          "<B TYPE=\"INTEGER\" CURRENT=\"1\" MIN=\"0\" MAX=\"10\"/>";
+const QString kSettings = "<A TYPE='EDITBOX' CURRENT='%1'/><T TYPE='EDITBOX'/>"
+                          "<B TYPE='INTEGER' CURRENT='1' MIN='0' MAX='10'/>";
 const QString kOn = Xml::cond("A", "on");
 const QString kOff = Xml::cond("A", "off");
 
 } // namespace
 
-// Rules between settings at run time: when they hold, their effects, cycles, the gateway.
+// Rules between settings at run time: when they hold, their effects, limits, cycles.
 class TestConstraintEvaluator : public QObject, private Xml
 {
     Q_OBJECT
@@ -72,195 +72,164 @@ class TestConstraintEvaluator : public QObject, private Xml
 
 private slots:
     void initTestCase() { QVERIFY(QDir::setCurrent(dir.path())); }
-    void effects_data();
-    void effects();
-    void selfChecked_data();
-    void selfChecked();
-    void valueList_data();
-    void valueList();
-    void referencedLimit();
-    void cycles();
-    void gateway_data();
-    void gateway();
-};
-
-void TestConstraintEvaluator::effects_data()
-{
-    QTest::addColumn<QString>("rules");
-    // A's value when read > after the change: T's state, B's minimum and value.
-    QTest::addColumn<QString>("scenario");
-    const QString all = "<Condition><A CURRENT=\"on\"/><B CURRENT=\"1\" IS=\"GREAT\"/></Condition>";
-    QTest::newRow("disable holds") << onT("Disable", kOn) << "off>on: disabled shown 0 1";
-    QTest::newRow("disable fails") << onT("Disable", kOn) << "on>off: enabled shown 0 1";
-    QTest::newRow("enable holds") << onT("Enable", kOn) << "off>on: enabled shown 0 1";
-    QTest::newRow("hide holds") << onT("Hide", kOn) << "off>on: enabled hidden 0 1";
-    QTest::newRow("hidden when read") << onT("Hide", kOn) << "on>on: enabled hidden 0 1";
-    QTest::newRow("hide fails") << onT("Hide", kOn) << "on>off: enabled shown 0 1";
-    QTest::newRow("no condition holds") << onT("Disable", "") << ">: disabled shown 0 1";
-    QTest::newRow("any group") << onT("Disable", kOff + kOn) << "x>on: disabled shown 0 1";
-    QTest::newRow("all of a group") << onT("Disable", all) << "off>on: enabled shown 0 1";
-    QTest::newRow("missing setting") << onT("Enable", cond("No", "")) << ">: disabled shown 0 1";
-    QTest::newRow("as numbers") << onT("Disable", cond("B", "09", "LESS"))
-                                << ">: disabled shown 0 1";
-    QTest::newRow("equal as text") << onT("Disable", cond("B", "1.0")) << ">: enabled shown 0 1";
-    QTest::newRow("unknown word") << onT("Disable", cond("B", "1", "equal"))
-                                  << ">: enabled shown 0 1";
-    QTest::newRow("last holding wins")
-        << on("T", rule("Disable", kOn) + rule("Enable", kOn)) << "off>on: enabled shown 0 1";
-    QTest::newRow("holding beats later")
-        << on("T", rule("Enable", kOn) + rule("Enable", kOff)) << "off>on: enabled shown 0 1";
-    QTest::newRow("none holds: last")
-        << on("T", rule("Disable", kOff) + rule("Enable", kOff)) << "off>on: disabled shown 0 1";
-    QTest::newRow("any hide") << on("T", rule("Hide", kOff) + rule("Hide", kOn))
-                              << "off>on: enabled hidden 0 1";
-    QTest::newRow("assigns") << on("B", rule("Constraint", kOn + min("2")))
-                             << "off>on: enabled shown 2 2";
-    // Held when read, it pulled the value up; released, the value stays.
-    QTest::newRow("released") << on("B", rule("Constraint", kOff + min("2")))
-                              << "off>on: enabled shown 0 2";
-    QTest::newRow("last assignment")
-        << on("B", rule("Constraint", kOn + min("2")) + rule("Constraint", kOn + min("3")))
-        << "off>on: enabled shown 3 3";
-}
-
-void TestConstraintEvaluator::effects()
-{
-    QFETCH(QString, rules);
-    QFETCH(QString, scenario);
-    const QString change = scenario.section(": ", 0, 0);
-    Tree tree(kSettings.arg(change.section('>', 0, 0)), rules);
-    auto* t = tree.get("T");
-    QWidget panel;
-    t->createControl(&panel);
-    tree.get("A")->valueChange(change.section('>', 1));
-    QCOMPARE(t->control()->isEnabled(), t->isEnabled());
-    QCOMPARE(!t->control()->isVisibleTo(&panel), tree.hidden());
-    const QLabel* caption = ControlBox::label(ControlBox::boxOf(t->control()));
-    QVERIFY(caption);
-    QCOMPARE(!caption->isVisibleTo(&panel), tree.hidden()); // no orphaned caption
-    QCOMPARE(QString("%1 %2 %3 %4")
-                 .arg(t->isEnabled() ? "enabled" : "disabled", tree.hidden() ? "hidden" : "shown",
-                      tree.get<NumericElement>("B")->min(), tree.get("B")->current()),
-             scenario.section(": ", 1));
-}
-
-void TestConstraintEvaluator::selfChecked_data()
-{
-    QTest::addColumn<QString>("disable");
-    QTest::addColumn<bool>("applied");
-    QTest::newRow("self-checked") << "Disable" << true;
-    QTest::newRow("FALSE") << "Disable SELFCHECKED=\"false\"" << false;
-}
-
-void TestConstraintEvaluator::selfChecked()
-{
-    QFETCH(QString, disable);
-    QFETCH(bool, applied);
-    for (const bool viaControl : {false, true}) {
-        Tree tree(kSettings.arg("off"), onT(disable, kOn));
-        // The change does not reach the dependants: only the element's own check can see it.
-        tree.get("A")->setCurrent("on");
-        QWidget panel;
-        QVERIFY(viaControl ? tree.get("T")->createControl(&panel) != nullptr
-                           : tree.get("T")->isValid());
-        QCOMPARE(tree.get("T")->isEnabled(), !applied);
+    void effects_data()
+    {
+        QTest::addColumn<QString>("rules");
+        // A's value when read > after the change: T's state, B's minimum and value.
+        QTest::addColumn<QString>("scenario");
+        const QString all = "<Condition><A CURRENT='on'/><B CURRENT='1' IS='GREAT'/></Condition>";
+        QTest::newRow("disable holds") << onT("Disable", kOn) << "off>on: disabled shown 0 1";
+        QTest::newRow("disable fails") << onT("Disable", kOn) << "on>off: enabled shown 0 1";
+        QTest::newRow("enable holds") << onT("Enable", kOn) << "off>on: enabled shown 0 1";
+        QTest::newRow("hide holds") << onT("Hide", kOn) << "off>on: enabled hidden 0 1";
+        QTest::newRow("hidden when read") << onT("Hide", kOn) << "on>on: enabled hidden 0 1";
+        QTest::newRow("hide fails") << onT("Hide", kOn) << "on>off: enabled shown 0 1";
+        QTest::newRow("no condition holds") << onT("Disable", "") << ">: disabled shown 0 1";
+        QTest::newRow("any group") << onT("Disable", kOff + kOn) << "x>on: disabled shown 0 1";
+        QTest::newRow("all of a group") << onT("Disable", all) << "off>on: enabled shown 0 1";
+        QTest::newRow("missing setting")
+            << onT("Enable", cond("No", "")) << ">: disabled shown 0 1";
+        QTest::newRow("as numbers")
+            << onT("Disable", cond("B", "09", "LESS")) << ">: disabled shown 0 1";
+        QTest::newRow("equal as text")
+            << onT("Disable", cond("B", "1.0")) << ">: enabled shown 0 1";
+        QTest::newRow("unknown word")
+            << onT("Disable", cond("B", "1", "equal")) << ">: enabled shown 0 1";
+        QTest::newRow("last holding wins")
+            << on("T", rule("Disable", kOn) + rule("Enable", kOn)) << "off>on: enabled shown 0 1";
+        QTest::newRow("holding beats later")
+            << on("T", rule("Enable", kOn) + rule("Enable", kOff)) << "off>on: enabled shown 0 1";
+        QTest::newRow("none holds: last") << on("T", rule("Disable", kOff) + rule("Enable", kOff))
+                                          << "off>on: disabled shown 0 1";
+        QTest::newRow("any hide") << on("T", rule("Hide", kOff) + rule("Hide", kOn))
+                                  << "off>on: enabled hidden 0 1";
+        QTest::newRow("assigns") << on("B", rule("Constraint", kOn + min("2")))
+                                 << "off>on: enabled shown 2 2";
+        // Held when read, it pulled the value up; released, the value stays.
+        QTest::newRow("released") << on("B", rule("Constraint", kOff + min("2")))
+                                  << "off>on: enabled shown 0 2";
+        QTest::newRow("last assignment")
+            << on("B", rule("Constraint", kOn + min("2")) + rule("Constraint", kOn + min("3")))
+            << "off>on: enabled shown 3 3";
     }
-}
 
-void TestConstraintEvaluator::valueList_data()
-{
-    const auto only = [](const QString& values) {
-        return rule("Constraint", cond("M", "Envelope") + "<Value>" + values + "</Value>");
-    };
-    QTest::addColumn<QString>("rules");
-    QTest::addColumn<QStringList>("allowed");
-    QTest::newRow("one list") << only("<DL/><C5/>") << QStringList({"DL", "C5"});
-    QTest::newRow("lists intersect")
-        << only("<DL/><C5/>") + only("<C5/><A4/>") << QStringList({"C5"});
-    QTest::newRow("choice still allowed") << only("<A4/><DL/>") << QStringList({"A4", "DL"});
-}
+    void effects()
+    {
+        QFETCH(QString, rules);
+        QFETCH(QString, scenario);
+        const QString change = scenario.section(": ", 0, 0);
+        Tree tree(kSettings.arg(change.section('>', 0, 0)), rules);
+        auto* t = tree.get("T");
+        QWidget panel;
+        t->createControl(&panel);
+        tree.get("A")->valueChange(change.section('>', 1));
+        QCOMPARE(t->control()->isEnabled(), t->isEnabled());
+        QCOMPARE(!t->control()->isVisibleTo(&panel), tree.hidden());
+        const QLabel* caption = ControlBox::label(ControlBox::boxOf(t->control()));
+        QVERIFY(caption);
+        QCOMPARE(!caption->isVisibleTo(&panel), tree.hidden()); // no orphaned caption
+        QCOMPARE(QString("%1 %2 %3 %4")
+                     .arg(t->isEnabled() ? "enabled" : "disabled",
+                          tree.hidden() ? "hidden" : "shown", tree.get<NumericElement>("B")->min(),
+                          tree.get("B")->current()),
+                 scenario.section(": ", 1));
+    }
 
-void TestConstraintEvaluator::valueList()
-{
-    QFETCH(QString, rules);
-    QFETCH(QStringList, allowed);
-    Tree tree("<M TYPE=\"COMBOBOX\" CURRENT=\"Plain\"><Plain/><Envelope/></M>"
-              "<P TYPE=\"COMBOBOX\" CURRENT=\"A4\"><A4/><Letter/><DL/><C5/></P>",
-              on("P", rules));
-    auto* p = tree.get<ListElement>("P");
-    QWidget panel;
-    QWidget* media = tree.get("M")->createControl(&panel)->findChild<QComboBox*>();
-    auto* combo = p->createControl(&panel)->findChild<QComboBox*>();
-    QSignalSpy changed(p, &ConcreteElement::valueChanged);
-    QTest::keyClick(media, Qt::Key_Down);
-    QCOMPARE(combo->count(), int(allowed.size()));
-    for (int i = 0; i < combo->count(); ++i)
-        QCOMPARE(combo->itemText(i), allowed.at(i));
-    // A choice no longer allowed moves to the first allowed one, and says so.
-    QCOMPARE(p->current(), allowed.contains("A4") ? "A4" : allowed.first());
-    QCOMPARE(combo->currentText(), p->current());
-    QCOMPARE(int(changed.size()), allowed.contains("A4") ? 0 : 1);
-    QTest::keyClick(media, Qt::Key_Up);
-    QCOMPARE(combo->count(), 4);
-    QCOMPARE(combo->currentText(), p->current());
-}
+    void selfChecked_data()
+    {
+        QTest::addColumn<QString>("disable");
+        QTest::addColumn<bool>("applied");
+        QTest::newRow("self-checked") << "Disable" << true;
+        QTest::newRow("FALSE") << "Disable SELFCHECKED='false'" << false;
+    }
 
-void TestConstraintEvaluator::referencedLimit()
-{
-    Tree tree("<PaperSize TYPE=\"PAPERSIZE\" CURRENT=\"A4\"><A4 MAXTOPMARGIN=\"28\"/>"
-              "<Executive MAXTOPMARGIN=\"20\"/><Custom/></PaperSize>"
-              "<TopMargin TYPE=\"INTEGER\" CURRENT=\"27\" MIN=\"0\" MAX=\"40\"/>",
-              on("TopMargin", rule("Constraint", "<Attributes><RefAttribute NAME=\"max\" "
-                                                 "VALUE=\"PaperSize#maxtopmargin\" REF=\"TRUE\"/>"
-                                                 "</Attributes>")));
-    auto* margin = tree.get<NumericElement>("TopMargin");
-    QWidget panel;
-    auto* spin = margin->createControl(&panel)->findChild<QSpinBox*>();
-    QCOMPARE(spin->maximum(), 28);
-    QSignalSpy changed(margin, &ConcreteElement::valueChanged);
-    tree.get("PaperSize")->valueChange("Executive");
-    QCOMPARE(spin->maximum(), 20);
-    QCOMPARE(spin->value(), 20);
-    QCOMPARE(changed.value(0).value(0).toString(), QString("20"));
-    // A paper size without the limit gives the setting its own back.
-    tree.get("PaperSize")->valueChange("Custom");
-    QCOMPARE(spin->maximum(), 40);
-    QCOMPARE(margin->current(), QString("20"));
-}
+    void selfChecked()
+    {
+        QFETCH(QString, disable);
+        QFETCH(bool, applied);
+        for (const bool viaControl : {false, true}) {
+            Tree tree(kSettings.arg("off"), onT(disable, kOn));
+            // The change does not reach the dependants: only the element's own check can see it.
+            tree.get("A")->setCurrent("on");
+            QWidget panel;
+            QVERIFY(viaControl ? tree.get("T")->createControl(&panel) != nullptr
+                               : tree.get("T")->isValid());
+            QCOMPARE(tree.get("T")->isEnabled(), !applied);
+        }
+    }
 
-void TestConstraintEvaluator::cycles()
-{
-    const QString list = "<%1 TYPE=\"COMBOBOX\" CURRENT=\"a\"><a/><b/></%1>";
-    // S at b allows Y only b; Y at b allows S only a, which would allow Y b again.
-    Tree tree(list.arg("S") + list.arg("Y"),
-              on("Y", rule("Constraint", cond("S", "b") + "<Value><b/></Value>")) +
-                  on("S", rule("Constraint", cond("Y", "b") + "<Value><a/></Value>")));
-    tree.get("S")->valueChange("b");
-    QCOMPARE(tree.get("S")->current() + tree.get("Y")->current(), QString("ab"));
-}
+    void valueList_data()
+    {
+        const auto only = [](const QString& values) {
+            return rule("Constraint", cond("M", "Envelope") + "<Value>" + values + "</Value>");
+        };
+        QTest::addColumn<QString>("rules");
+        QTest::addColumn<QStringList>("allowed");
+        QTest::newRow("one list") << only("<DL/><C5/>") << QStringList({"DL", "C5"});
+        QTest::newRow("lists intersect")
+            << only("<DL/><C5/>") + only("<C5/><A4/>") << QStringList({"C5"});
+        QTest::newRow("choice still allowed") << only("<A4/><DL/>") << QStringList({"A4", "DL"});
+    }
 
-void TestConstraintEvaluator::gateway_data()
-{
-    QTest::addColumn<QString>("gateway"); // IP address 192.168.1.10, mask 255.255.255.0
-    QTest::addColumn<bool>("valid");
-    QTest::newRow("in the subnet") << "192.168.1.1" << true;
-    QTest::newRow("other subnet") << "192.168.2.1" << false;
-    QTest::newRow("the address itself") << "192.168.1.10" << false;
-    QTest::newRow("network address") << "192.168.1.0" << false;
-    QTest::newRow("broadcast address") << "192.168.1.255" << false;
-    QTest::newRow("empty") << "" << true;
-}
+    void valueList()
+    {
+        QFETCH(QString, rules);
+        QFETCH(QStringList, allowed);
+        Tree tree("<M TYPE='COMBOBOX' CURRENT='Plain'><Plain/><Envelope/></M>"
+                  "<P TYPE='COMBOBOX' CURRENT='A4'><A4/><Letter/><DL/><C5/></P>",
+                  on("P", rules));
+        auto* p = tree.get<ListElement>("P");
+        QWidget panel;
+        QWidget* media = tree.get("M")->createControl(&panel)->findChild<QComboBox*>();
+        auto* combo = p->createControl(&panel)->findChild<QComboBox*>();
+        QSignalSpy changed(p, &ConcreteElement::valueChanged);
+        QTest::keyClick(media, Qt::Key_Down);
+        QCOMPARE(combo->count(), int(allowed.size()));
+        for (int i = 0; i < combo->count(); ++i)
+            QCOMPARE(combo->itemText(i), allowed.at(i));
+        // A choice no longer allowed moves to the first allowed one, and says so.
+        QCOMPARE(p->current(), allowed.contains("A4") ? "A4" : allowed.first());
+        QCOMPARE(combo->currentText(), p->current());
+        QCOMPARE(int(changed.size()), allowed.contains("A4") ? 0 : 1);
+        QTest::keyClick(media, Qt::Key_Up);
+        QCOMPARE(combo->count(), 4);
+        QCOMPARE(combo->currentText(), p->current());
+    }
 
-void TestConstraintEvaluator::gateway()
-{
-    QFETCH(QString, gateway);
-    QFETCH(bool, valid);
-    const QString ip = "<%1 TYPE=\"IPADDRESS\" CURRENT=\"%2\"/>";
-    Tree tree(ip.arg("IPAddress", "192.168.1.10") + ip.arg("SubnetMask", "255.255.255.0") +
-                  ip.arg("Gateway", gateway),
-              QString());
-    QCOMPARE(tree.get("Gateway")->isValid(), valid);
-}
+    void referencedLimit()
+    {
+        Tree tree("<PaperSize TYPE='PAPERSIZE' CURRENT='A4'><A4 MAXTOPMARGIN='28'/>"
+                  "<Executive MAXTOPMARGIN='20'/><Custom/></PaperSize>"
+                  "<TopMargin TYPE='INTEGER' CURRENT='27' MIN='0' MAX='40'/>",
+                  on("TopMargin", rule("Constraint", "<Attributes><RefAttribute NAME='max' "
+                                                     "VALUE='PaperSize#maxtopmargin' REF='TRUE'/>"
+                                                     "</Attributes>")));
+        auto* margin = tree.get<NumericElement>("TopMargin");
+        QWidget panel;
+        auto* spin = margin->createControl(&panel)->findChild<QSpinBox*>();
+        QCOMPARE(spin->maximum(), 28);
+        QSignalSpy changed(margin, &ConcreteElement::valueChanged);
+        tree.get("PaperSize")->valueChange("Executive");
+        QCOMPARE(spin->maximum(), 20);
+        QCOMPARE(spin->value(), 20);
+        QCOMPARE(changed.value(0).value(0).toString(), QString("20"));
+        // A paper size without the limit gives the setting its own back.
+        tree.get("PaperSize")->valueChange("Custom");
+        QCOMPARE(spin->maximum(), 40);
+        QCOMPARE(margin->current(), QString("20"));
+    }
+
+    void cycles()
+    {
+        const QString list = "<%1 TYPE='COMBOBOX' CURRENT='a'><a/><b/></%1>";
+        // S at b allows Y only b; Y at b allows S only a, which would allow Y b again.
+        Tree tree(list.arg("S") + list.arg("Y"),
+                  on("Y", rule("Constraint", cond("S", "b") + "<Value><b/></Value>")) +
+                      on("S", rule("Constraint", cond("Y", "b") + "<Value><a/></Value>")));
+        tree.get("S")->valueChange("b");
+        QCOMPARE(tree.get("S")->current() + tree.get("Y")->current(), QString("ab"));
+    }
+};
 
 QTEST_MAIN(TestConstraintEvaluator)
 #include "TestConstraintEvaluator.moc"

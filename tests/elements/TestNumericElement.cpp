@@ -2,166 +2,250 @@
 #include "../xml/SpecText.h"
 
 #include "FloatElement.h"
-#include "Log.h"
-#include "NumericElement.h"
+#include "FloatSpinBox.h"
 #include "SliderElement.h"
+#include "SpinBox.h"
 
+#include <QLabel>
 #include <QSignalSpy>
+#include <QSlider>
 #include <QtTest>
 
-// Limits, steps and digits of the number kinds, and how validation treats values outside.
+namespace {
+
+NumericElement* numeric(SettingsParser& parser)
+{
+    return qobject_cast<NumericElement*>(parser.findElement("N"));
+}
+
+QList<int> spinState(QWidget* control)
+{
+    const auto* spin = qobject_cast<QSpinBox*>(control);
+    return {spin->minimum(), spin->maximum(), spin->singleStep(), spin->value()};
+}
+
+} // namespace
+
+// The number kinds: limits and clamping, limit changes, colour marks, and the spin boxes and
+// slider they build.
 class TestNumericElement : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void limitsRead();
-    void integerClamping_data();
-    void integerClamping();
-    void sliderNotClamped();
-    void floatOutOfRangeKept();
-    void limitSignals();
-    void colorMarkers_data();
-    void colorMarkers();
-};
-
-void TestNumericElement::limitsRead()
-{
-    const auto parser = SpecText::read(
-        "<N TYPE=\"INTEGER\" MIN=\"1\" MAX=\"99\" STEP=\"2\" FACTORY=\"1\"/>"
-        "<F TYPE=\"FLOAT\" MIN=\"0.5\" MAX=\"2.5\" DIGITS=\"1\"/><E TYPE=\"INTEGER\"/>");
-    auto* n = qobject_cast<NumericElement*>(parser->findElement("N"));
-    QCOMPARE(n->min(), QString("1"));
-    QCOMPARE(n->max(), QString("99"));
-    QVERIFY(n->hasMax());
-    QCOMPARE(n->property("step").toString(), QString("2"));
-    QCOMPARE(n->factory(), QString("1"));
-    QVERIFY(n->hasFactory());
-    auto* f = qobject_cast<FloatElement*>(parser->findElement("F"));
-    QCOMPARE(f->digits(), QString("1"));
-    QVERIFY(f->step().isNull());
-    auto* e = qobject_cast<NumericElement*>(parser->findElement("E"));
-    QVERIFY(e->max().isEmpty());
-    QVERIFY(!e->hasMax());
-    QVERIFY(e->min().isNull());
-    QVERIFY(e->factory().isNull());
-}
-
-void TestNumericElement::integerClamping_data()
-{
-    QTest::addColumn<QString>("attributes");
-    QTest::addColumn<QString>("after");
-    QTest::addColumn<bool>("announced");
-    QTest::newRow("above max") << "CURRENT=\"120\" MIN=\"0\" MAX=\"100\""
-                               << "100" << true;
-    QTest::newRow("below min") << "CURRENT=\"3\" MIN=\"5\" MAX=\"100\""
-                               << "5" << true;
-    QTest::newRow("inside") << "CURRENT=\"50\" MIN=\"0\" MAX=\"100\""
-                            << "50" << false;
-    QTest::newRow("at the limits") << "CURRENT=\"100\" MIN=\"100\" MAX=\"100\""
-                                   << "100" << false;
-    QTest::newRow("missing MIN compares with 0") << "CURRENT=\"0\" MAX=\"10\""
-                                                 << "0" << false;
-    QTest::newRow("below a missing MIN takes its empty text") << "CURRENT=\"-1\" MAX=\"10\""
-                                                              << "" << true;
-    QTest::newRow("not a number counts as 0") << "CURRENT=\"abc\" MIN=\"2\" MAX=\"10\""
-                                              << "2" << true;
-}
-
-void TestNumericElement::integerClamping()
-{
-    QFETCH(QString, attributes);
-    QFETCH(QString, after);
-    QFETCH(bool, announced);
-    const auto parser = SpecText::read(QStringLiteral("<N TYPE=\"INTEGER\" %1/>").arg(attributes));
-    auto* n = qobject_cast<NumericElement*>(parser->findElement("N"));
-    QSignalSpy spy(n, &ConcreteElement::valueChanged);
-    QVERIFY(n->isValid());
-    QCOMPARE(n->current(), after);
-    QCOMPARE(spy.count(), announced ? 1 : 0);
-    if (announced)
-        QCOMPARE(spy.at(0).at(0).toString(), after);
-}
-
-void TestNumericElement::sliderNotClamped()
-{
-    const auto parser =
-        SpecText::read("<S TYPE=\"SLIDER\" CURRENT=\"500\" MIN=\"0\" MAX=\"100\"/>");
-    auto* s = qobject_cast<SliderElement*>(parser->findElement("S"));
-    QVERIFY(s->isValid());
-    QCOMPARE(s->current(), QString("500"));
-}
-
-void TestNumericElement::floatOutOfRangeKept()
-{
-    const auto parser =
-        SpecText::read("<F TYPE=\"FLOAT\" CURRENT=\" 3.5 \" MIN=\"0.5\" MAX=\"2.5\"/>");
-    auto* f = qobject_cast<FloatElement*>(parser->findElement("F"));
-    logLevel = 10;
-    StderrCapture capture;
-    QVERIFY(f->isValid());
-    const QByteArray log = capture.text();
-    logLevel = kDefaultLogLevel;
-    QCOMPARE(f->current(), QString(" 3.5 "));
-    QVERIFY(log.contains("FloatElement::isValid(): current > max. New current= 3.5 "));
-}
-
-void TestNumericElement::limitSignals()
-{
-    const auto parser = SpecText::read("<F TYPE=\"FLOAT\" MIN=\"1\" MAX=\"2\" STEP=\"1\"/>");
-    auto* f = qobject_cast<FloatElement*>(parser->findElement("F"));
-    QSignalSpy max(f, &BoundaryElement::maxChanged);
-    QSignalSpy min(f, &NumericElement::minChanged);
-    QSignalSpy digits(f, &FloatElement::digitsChanged);
-    f->maxChange("2");
-    f->maxChange("3");
-    f->minChange("0");
-    f->digitsChange("2");
-    f->digitsChange("2");
-    QCOMPARE(max.count(), 1);
-    QCOMPARE(max.at(0).at(0).toString(), QString("3"));
-    QCOMPARE(min.count(), 1);
-    QCOMPARE(digits.count(), 1);
-    QCOMPARE(f->max(), QString("3"));
-    QVERIFY(f->setProperty("min", "-1"));
-    QCOMPARE(f->min(), QString("-1"));
-}
-
-void TestNumericElement::colorMarkers_data()
-{
-    QTest::addColumn<QString>("markers");
-    QTest::addColumn<QList<double>>("positions");
-    QTest::addColumn<QStringList>("colors");
-    QTest::addColumn<int>("ignored");
-    QTest::newRow("three") << "0:#2e7d32;70:#f9a825;90:#c62828" << QList<double>({0, 70, 90})
-                           << QStringList({"#2e7d32", "#f9a825", "#c62828"}) << 0;
-    QTest::newRow("names and blanks") << " 10 : red ;; 20:blue" << QList<double>({10, 20})
-                                      << QStringList({"#ff0000", "#0000ff"}) << 0;
-    QTest::newRow("bad items left out") << "150:red;-1:red;x:red;10:nocolour;10;:red;50:green"
-                                        << QList<double>({50}) << QStringList({"#008000"}) << 6;
-    QTest::newRow("empty") << "" << QList<double>() << QStringList() << 0;
-}
-
-void TestNumericElement::colorMarkers()
-{
-    QFETCH(QString, markers);
-    QFETCH(QList<double>, positions);
-    QFETCH(QStringList, colors);
-    QFETCH(int, ignored);
-    StderrCapture capture;
-    const auto parser = SpecText::read(
-        QStringLiteral("<S TYPE=\"SLIDER\" MIN=\"0\" MAX=\"100\" COLORMARKER=\"%1\"/>")
-            .arg(markers));
-    const QByteArray log = capture.text();
-    auto* s = qobject_cast<SliderElement*>(parser->findElement("S"));
-    QCOMPARE(s->colorMarkerText(), markers);
-    QCOMPARE(s->colorMarkers().size(), positions.size());
-    for (int i = 0; i < positions.size(); ++i) {
-        QCOMPARE(s->colorMarkers().at(i).position, positions.at(i));
-        QCOMPARE(s->colorMarkers().at(i).color.name(), colors.at(i));
+    void clamping_data()
+    {
+        QTest::addColumn<QString>("attributes");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("above max") << "INTEGER' CURRENT='120' MIN='0' MAX='100'"
+                                   << "100";
+        QTest::newRow("below min") << "INTEGER' CURRENT='3' MIN='5' MAX='100'"
+                                   << "5";
+        QTest::newRow("inside") << "INTEGER' CURRENT='50' MIN='0' MAX='100'"
+                                << "50";
+        QTest::newRow("at the limits") << "INTEGER' CURRENT='100' MIN='100' MAX='100'"
+                                       << "100";
+        QTest::newRow("missing MIN compares with 0") << "INTEGER' CURRENT='0' MAX='10'"
+                                                     << "0";
+        QTest::newRow("below a missing MIN takes its empty text")
+            << "INTEGER' CURRENT='-1' MAX='10'"
+            << "";
+        QTest::newRow("not a number counts as 0") << "INTEGER' CURRENT='abc' MIN='2' MAX='10'"
+                                                  << "2";
+        QTest::newRow("slider not clamped") << "SLIDER' CURRENT='500' MIN='0' MAX='100'"
+                                            << "500";
+        QTest::newRow("float kept") << "FLOAT' CURRENT=' 3.5 ' MIN='0.5' MAX='2.5'"
+                                    << " 3.5 ";
     }
-    QCOMPARE(int(log.count("Warning: ignoring COLORMARKER item")), ignored);
-}
+    void clamping()
+    {
+        QFETCH(QString, attributes);
+        QFETCH(QString, after);
+        const auto parser = SpecText::read(QStringLiteral("<N TYPE='%1/>").arg(attributes));
+        QSignalSpy spy(numeric(*parser), &ConcreteElement::valueChanged);
+        QVERIFY(numeric(*parser)->isValid());
+        QCOMPARE(numeric(*parser)->current(), after);
+        const bool clamped = after != attributes.section('\'', 2, 2);
+        QCOMPARE(spy.count(), clamped ? 1 : 0);
+        if (clamped)
+            QCOMPARE(spy.at(0).at(0).toString(), after);
+    }
+
+    void spinBoxes_data()
+    {
+        QTest::addColumn<QString>("attributes");
+        QTest::addColumn<QList<int>>("shown"); // minimum, maximum, step, value
+        QTest::addColumn<QString>("text");
+        QTest::newRow("all given")
+            << "INTEGER' MIN='1' MAX='9' STEP='2' CURRENT='5'" << QList<int>({1, 9, 2, 5}) << "5";
+        QTest::newRow("missing MIN counts as 0")
+            << "INTEGER' MAX='9' STEP='1' CURRENT='3'" << QList<int>({0, 9, 1, 3}) << "3";
+        QTest::newRow("no number")
+            << "INTEGER' MIN='a' MAX='20' STEP='1' CURRENT='x'" << QList<int>({0, 20, 1, 0}) << "0";
+        QTest::newRow("missing STEP steps by one")
+            << "INTEGER' MIN='0' MAX='20' CURRENT='4'" << QList<int>({0, 20, 1, 4}) << "4";
+        QTest::newRow("tenths, no STEP") << "FLOAT' MIN='0' MAX='5' DIGITS='1' CURRENT='2.3'"
+                                         << QList<int>({0, 50, 1, 23}) << "2.3";
+        QTest::newRow("step given") << "FLOAT' MIN='1' MAX='2' STEP='0.25' DIGITS='2' CURRENT='1.5'"
+                                    << QList<int>({100, 200, 25, 150}) << "1.50";
+        QTest::newRow("zero digits") << "FLOAT' MIN='0' MAX='10' DIGITS='0' CURRENT='7'"
+                                     << QList<int>({0, 10, 1, 7}) << "7.0";
+        QTest::newRow("surplus decimals cut") << "FLOAT' MIN='0' MAX='5' DIGITS='1' CURRENT='2.39'"
+                                              << QList<int>({0, 50, 1, 23}) << "2.3";
+    }
+    void spinBoxes()
+    {
+        QFETCH(QString, attributes);
+        QFETCH(QList<int>, shown);
+        QFETCH(QString, text);
+        const auto parser =
+            SpecText::read(QStringLiteral("<N STRING='Copies' TYPE='%1/>").arg(attributes));
+        QWidget panel;
+        numeric(*parser)->createControl(&panel);
+        QCOMPARE(spinState(numeric(*parser)->control()), shown);
+        QCOMPARE(qobject_cast<QSpinBox*>(numeric(*parser)->control())->text(), text);
+        QCOMPARE(numeric(*parser)->control()->accessibleName(), QString("Copies"));
+    }
+
+    void setControlValueIsSilent_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<int>("position");
+        QTest::newRow("integer") << "INTEGER" << QString("7") << 7;
+        QTest::newRow("float") << "FLOAT" << QString("1.5") << 15;
+        QTest::newRow("slider, in steps") << "SLIDER" << QString("80") << 8;
+    }
+    void setControlValueIsSilent()
+    {
+        QFETCH(QString, type);
+        QFETCH(QString, value);
+        QFETCH(int, position);
+        const auto parser = SpecText::read(QStringLiteral("<N TYPE='%1' MIN='0' MAX='90' "
+                                                          "STEP='10' DIGITS='1' CURRENT='30'/>")
+                                               .arg(type));
+        NumericElement* element = numeric(*parser);
+        QWidget panel;
+        QWidget* box = element->createControl(&panel);
+        QSignalSpy spy(element, &ConcreteElement::valueChanged);
+        element->setControlValue(value);
+        QCOMPARE(element->control()->property("value").toInt(), position);
+        if (type == "SLIDER")
+            QCOMPARE(box->findChild<QLabel*>("valueLabel")->text(), value);
+        QCOMPARE(spy.count(), 0);
+        QCOMPARE(element->current(), QString("30"));
+        // Still connected afterwards.
+        panel.show();
+        QTest::keyClick(element->control(), Qt::Key_Up);
+        QCOMPARE(spy.count(), 1);
+    }
+
+    void limitSlotsReachTheControl()
+    {
+        const auto parser =
+            SpecText::read("<N TYPE='FLOAT' MIN='0' MAX='5' DIGITS='1' CURRENT='2.5'/>");
+        auto* element = qobject_cast<FloatElement*>(numeric(*parser));
+        QWidget panel;
+        element->createControl(&panel);
+        QSignalSpy spy(element, &ConcreteElement::valueChanged);
+        QSignalSpy limits(element, &BoundaryElement::maxChanged);
+        element->maxChange("2");
+        element->maxChange("2");
+        QCOMPARE(limits.count(), 1); // announced on a change only
+        QCOMPARE(spinState(element->control()), QList<int>({0, 20, 1, 20}));
+        element->minChange("1");
+        element->digitsChange("2");
+        QCOMPARE(spinState(element->control()), QList<int>({100, 200, 1, 200}));
+        element->stepChange("0.5");
+        QCOMPARE(spinState(element->control()).at(2), 50);
+        // The value is pulled back when validated, not by the limit change.
+        QCOMPARE(spy.count(), 0);
+        QCOMPARE(element->current(), QString("2.5"));
+    }
+
+    void repeatedCreateKeepsOneConnection()
+    {
+        const auto parser = SpecText::read("<N TYPE='INTEGER' MIN='0' MAX='50' CURRENT='5'/>");
+        NumericElement* element = numeric(*parser);
+        QWidget panel;
+        for (int i = 0; i < 3; ++i) {
+            element->createControl(&panel);
+            element->deleteControl();
+            QVERIFY(panel.findChildren<QWidget*>().isEmpty());
+        }
+        // Limit changes without a control are stored and go nowhere.
+        element->maxChange("30");
+        element->createControl(&panel);
+        QCOMPARE(spinState(element->control()).at(1), 30);
+        emit element->maxChanged("8");
+        QCOMPARE(spinState(element->control()).at(1), 8);
+        QCOMPARE(element->max(), QString("8"));
+    }
+
+    void sliderKeyboardAndLabels()
+    {
+        const auto parser = SpecText::read("<N TYPE='SLIDER' STRING='Darkness' MIN='-5' "
+                                           "MAX='5' STEP='1' CURRENT='0'/>");
+        NumericElement* element = numeric(*parser);
+        QWidget panel;
+        QWidget* box = element->createControl(&panel);
+        const auto text = [box](const char* name) { return box->findChild<QLabel*>(name)->text(); };
+        QCOMPARE(text("minusLabel") + text("valueLabel") + text("plusLabel"), QString("-505"));
+        QCOMPARE(box->findChild<QLabel*>("label")->buddy(), element->control());
+        QCOMPARE(element->control()->accessibleName(), QString("Darkness"));
+        panel.show();
+        QSignalSpy spy(element, &ConcreteElement::valueChanged);
+        QTest::keyClick(element->control(), Qt::Key_Right);
+        QCOMPARE(element->current(), QString("1"));
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(text("valueLabel"), QString("1"));
+        QTest::keyClick(element->control(), Qt::Key_Home);
+        QCOMPARE(element->current(), QString("-5"));
+        element->minChange("-2");
+        QCOMPARE(text("minusLabel"), QString("-2"));
+        QCOMPARE(qobject_cast<QSlider*>(element->control())->maximum(), 7);
+    }
+
+    void colorMarkers_data()
+    {
+        QTest::addColumn<QString>("markers");
+        QTest::addColumn<QStringList>("colors"); // at 0, 50, 70, 95 and 100 on 0..100 by 5
+        QTest::addColumn<int>("ignored");
+        QTest::newRow("three bands")
+            << "0:#2e7d32;70:#f9a825;90:#c62828"
+            << QStringList({"#2e7d32", "#2e7d32", "#f9a825", "#c62828", "#c62828"}) << 0;
+        QTest::newRow("names and blanks")
+            << " 60 : red ;; 90:blue" << QStringList({"", "", "#ff0000", "#0000ff", "#0000ff"})
+            << 0;
+        QTest::newRow("bad items left out")
+            << "150:red;-1:red;x:red;10:nocolour;10;:red;50:green"
+            << QStringList({"", "#008000", "#008000", "#008000", "#008000"}) << 6;
+        QTest::newRow("empty") << "" << QStringList({"", "", "", "", ""}) << 0;
+    }
+    void colorMarkers()
+    {
+        QFETCH(QString, markers);
+        QFETCH(QStringList, colors);
+        QFETCH(int, ignored);
+        StderrCapture capture;
+        const auto parser = SpecText::read(
+            QStringLiteral("<N TYPE='SLIDER' MIN='0' MAX='100' STEP='5' COLORMARKER='%1'/>")
+                .arg(markers));
+        QCOMPARE(int(capture.text().count("Warning: ignoring COLORMARKER item")), ignored);
+        auto* element = qobject_cast<SliderElement*>(numeric(*parser));
+        QWidget panel;
+        QWidget* box = element->createControl(&panel);
+        auto* marks = box->findChild<QLabel*>("colorMarkLabel");
+        QCOMPARE(marks->isHidden(), markers.isEmpty());
+        const QImage image = marks->pixmap().toImage();
+        QStringList sampled;
+        for (int value : {0, 50, 70, 95, 100}) {
+            const QColor color = image.pixelColor(element->positionOf(value), 0);
+            sampled.append(color.alpha() == 0 ? QString("") : color.name());
+        }
+        QCOMPARE(sampled, colors);
+    }
+};
 
 QTEST_MAIN(TestNumericElement)
 #include "TestNumericElement.moc"

@@ -6,98 +6,133 @@
 #include "TableCellPaperSizeElement.h"
 #include "TableElement.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QSignalSpy>
 #include <QtTest>
 
-// Tables: header, rows, cells and their ids, and the walks over cells.
+namespace {
+
+const char* const kTable =
+    "<T TYPE='TABLE' STRING='Trays'><TableHeader><HeadRow><HeadCell STRING='Size'/>"
+    "<HeadCell STRING='Count'/><HeadCell STRING='Alert'/></HeadRow>"
+    "<HeadRow><HeadCell STRING='Late'/></HeadRow></TableHeader>"
+    "<DataRow STRING='Tray 1'><DataCell TYPE='COMBOBOX' CURRENT='A4'><A4/><A5/></DataCell>"
+    "<DataCell TYPE='INTEGER' MIN='1' MAX='3' STEP='1' CURRENT='1'/>"
+    "<DataCell TYPE='CHECKBOX' CURRENT='On'><Off/><On/></DataCell></DataRow>"
+    "<DataRow STRING='Tray 2'><DataCell TYPE='ROWSPLIT'/><Extra TYPE='INTEGER' "
+    "CURRENT='1'/>"
+    "<DataCell TYPE='NOPE'/><DataCell TYPE='PAPERSIZE' STRING='Paper' CURRENT='A4'><A4 "
+    "MAXTOPMARGIN='5'/>"
+    "</DataCell></DataRow></T>";
+
+bool record(Element* element, void* data)
+{
+    static_cast<QStringList*>(data)->append(element->id());
+    return true;
+}
+
+QWidget* at(QGridLayout* grid, int row, int column)
+{
+    QLayoutItem* item = grid->itemAtPosition(row, column);
+    return item ? item->widget() : nullptr;
+}
+
+} // namespace
+
+// Tables: header, rows, cells and their ids, the walks over cells, and the grid control.
 class TestTableElement : public QObject
 {
     Q_OBJECT
 
-private:
-    static bool record(Element* element, void* data)
+private slots:
+    void layout()
     {
-        static_cast<QStringList*>(data)->append(element->id());
-        return true;
+        StderrCapture capture;
+        const auto parser = SpecText::read(kTable);
+        const QByteArray log = capture.text();
+        auto* table = qobject_cast<TableElement*>(parser->findElement("T"));
+        QCOMPARE(table->columnTitles(), QStringList({"Size", "Count", "Alert"}));
+        QCOMPARE(table->rowTitles(), QStringList({"Tray 1", "Tray 2"}));
+        QCOMPARE(table->rows().size(), 2);
+        QCOMPARE(table->rows().at(0).size(), 3);
+        QVERIFY(!table->rows().at(1).at(0));
+        QVERIFY(log.contains("Warning: skipping unexpected second header row"));
+        QVERIFY(log.contains("Warning: skipping element with unexpected TYPE='NOPE'"));
+        QStringList seen;
+        QVERIFY(parser->enumerateElements(record, &seen));
+        QCOMPARE(seen, QStringList({"T.1.1", "T.1.2", "T.1.3", "Extra", "T.2.3"}));
+        QVERIFY(!parser->findElement("DataCell"));
     }
 
-private slots:
-    void layout();
-    void cellKinds_data();
-    void cellKinds();
-    void walksAndLookups();
+    void cellKinds_data()
+    {
+        QTest::addColumn<QString>("id");
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("list cell") << "T.1.1" << QString("TableCellListElement") << "T.1.1";
+        QTest::newRow("number cell") << "T.1.2" << QString("NumericElement") << "T.1.2";
+        QTest::newRow("other tag keeps its id") << "Extra" << QString("NumericElement") << "Extra";
+        QTest::newRow("columns count DataCells")
+            << "T.2.3" << QString("TableCellPaperSizeElement") << "Paper";
+    }
+    void cellKinds()
+    {
+        QFETCH(QString, id);
+        QFETCH(QString, className);
+        QFETCH(QString, title);
+        const auto parser = SpecText::read(kTable);
+        Element* cell = parser->findElement(id);
+        QVERIFY2(cell, qPrintable(id));
+        QCOMPARE(QString(cell->metaObject()->className()), className);
+        QCOMPARE(cell->title(), title);
+        QCOMPARE(cell->parentElement(), parser->findElement("T"));
+        QCOMPARE(cell->level(), 2u);
+        if (auto* paper = qobject_cast<TableCellPaperSizeElement*>(cell))
+            QVERIFY(qobject_cast<PaperSizeParameter*>(paper->parameters().first()));
+    }
+
+    void grid()
+    {
+        const auto parser = SpecText::read(kTable);
+        QWidget panel;
+        auto* box = qobject_cast<QGroupBox*>(parser->findElement("T")->createControl(&panel));
+        QCOMPARE(box->title(), QString("&Trays"));
+        auto* grid = qobject_cast<QGridLayout*>(box->layout());
+        QCOMPARE(qobject_cast<QLabel*>(at(grid, 0, 1))->text(), QString("Size"));
+        QCOMPARE(qobject_cast<QLabel*>(at(grid, 0, 3))->text(), QString("Alert"));
+        QVERIFY(!at(grid, 0, 0));
+        QCOMPARE(qobject_cast<QLabel*>(at(grid, 1, 0))->text(), QString("T&ray 1"));
+        QCOMPARE(qobject_cast<QLabel*>(at(grid, 1, 0))->buddy(), at(grid, 1, 1));
+        QVERIFY(qobject_cast<QComboBox*>(at(grid, 1, 1)));
+        QCOMPARE(at(grid, 1, 1), parser->findElement("T.1.1")->control());
+        QVERIFY(qobject_cast<QCheckBox*>(parser->findElement("T.1.3")->control()));
+        // Another kind keeps its own control; its caption gives way to the headers.
+        QVERIFY(at(grid, 1, 2)->findChild<QLabel*>("label")->isHidden());
+        QCOMPARE(parser->findElement("T.1.2")->control()->accessibleName(),
+                 QString("Tray 1, Count"));
+        QVERIFY(!at(grid, 2, 1));
+    }
+
+    void cellEdits()
+    {
+        const auto parser = SpecText::read(kTable);
+        QWidget panel;
+        parser->findElement("T")->createControl(&panel);
+        panel.show();
+        auto* count = qobject_cast<ConcreteElement*>(parser->findElement("T.1.2"));
+        QSignalSpy spy(count, &ConcreteElement::valueChanged);
+        QTest::keyClick(count->control(), Qt::Key_Up);
+        QCOMPARE(count->current(), QString("2"));
+        QCOMPARE(spy.count(), 1);
+        auto* alert = qobject_cast<ListElement*>(parser->findElement("T.1.3"));
+        QTest::mouseClick(alert->control(), Qt::LeftButton);
+        QCOMPARE(alert->current(), QString("Off"));
+    }
 };
-
-const char* const kTable =
-    "<Sizes TYPE=\"TABLE\" STRING=\"Sizes\">"
-    "<TableHeader><HeadRow><HeadCell STRING=\"Tray\"/><HeadCell STRING=\"Size\"/></HeadRow>"
-    "<HeadRow><HeadCell STRING=\"Late\"/></HeadRow></TableHeader>"
-    "<DataRow STRING=\"Row one\"><DataCell TYPE=\"COMBOBOX\" CURRENT=\"a\"><a/><b/></DataCell>"
-    "<DataCell TYPE=\"ROWSPLIT\"/><DataCell TYPE=\"PAPERSIZE\" CURRENT=\"A4\"><A4 "
-    "MAXTOPMARGIN=\"5\"/></DataCell></DataRow>"
-    "<DataRow STRING=\"Row two\"><DataCell TYPE=\"NOPE\"/><Extra TYPE=\"INTEGER\" "
-    "CURRENT=\"1\"/><DataCell TYPE=\"INTEGER\" CURRENT=\"7\" STRING=\"Count\"/></DataRow>"
-    "</Sizes>";
-
-void TestTableElement::layout()
-{
-    StderrCapture capture;
-    const auto parser = SpecText::read(kTable);
-    const QByteArray log = capture.text();
-    auto* table = qobject_cast<TableElement*>(parser->findElement("Sizes"));
-    QVERIFY(table);
-    QCOMPARE(table->columnTitles(), QStringList({"Tray", "Size"}));
-    QCOMPARE(table->rowTitles(), QStringList({"Row one", "Row two"}));
-    QCOMPARE(table->rows().size(), 2);
-    QCOMPARE(table->rows().at(0).size(), 3);
-    QVERIFY(!table->rows().at(0).at(1));
-    QVERIFY(!table->rows().at(1).at(0));
-    QVERIFY(log.contains("Warning: skipping unexpected second header row"));
-    QVERIFY(log.contains("Warning: skipping element with unexpected TYPE='NOPE'"));
-}
-
-void TestTableElement::cellKinds_data()
-{
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<QString>("className");
-    QTest::addColumn<QString>("title");
-    QTest::newRow("list cell") << "Sizes.1.1"
-                               << "TableCellListElement"
-                               << "Sizes.1.1";
-    QTest::newRow("paper cell") << "Sizes.1.3"
-                                << "TableCellPaperSizeElement"
-                                << "Sizes.1.3";
-    QTest::newRow("other tag keeps its id") << "Extra"
-                                            << "NumericElement"
-                                            << "Extra";
-    QTest::newRow("columns count DataCells") << "Sizes.2.2"
-                                             << "NumericElement"
-                                             << "Count";
-}
-
-void TestTableElement::cellKinds()
-{
-    QFETCH(QString, id);
-    QFETCH(QString, className);
-    QFETCH(QString, title);
-    const auto parser = SpecText::read(kTable);
-    Element* cell = parser->findElement(id);
-    QVERIFY2(cell, qPrintable(id));
-    QCOMPARE(QString(cell->metaObject()->className()), className);
-    QCOMPARE(cell->title(), title);
-    QCOMPARE(cell->parentElement(), parser->findElement("Sizes"));
-    QCOMPARE(cell->level(), 2u);
-}
-
-void TestTableElement::walksAndLookups()
-{
-    const auto parser = SpecText::read(kTable);
-    QStringList seen;
-    QVERIFY(parser->enumerateElements(record, &seen));
-    QCOMPARE(seen, QStringList({"Sizes.1.1", "Sizes.1.3", "Extra", "Sizes.2.2"}));
-    auto* paper = qobject_cast<TableCellPaperSizeElement*>(parser->findElement("Sizes.1.3"));
-    QVERIFY(qobject_cast<PaperSizeParameter*>(paper->parameters().first()));
-    QVERIFY(!parser->findElement("DataCell"));
-}
 
 QTEST_MAIN(TestTableElement)
 #include "TestTableElement.moc"

@@ -1,24 +1,21 @@
 #pragma once
 
-#include <QString>
+#include "../app/StderrCapture.h"
 
-#include <cstdint>
+#include "Log.h"
 
-// Collects what the diagnostic log writes to standard error while it lives, at the given
-// level, and restores both afterwards.
-class LogCapture
+// Collects what the diagnostic log writes to standard error at the given level while it
+// lives, or until text() is first asked for; restores both afterwards.
+class LogCapture : public StderrCapture
 {
 public:
-    explicit LogCapture(uint32_t level = 11);
-    ~LogCapture();
-    LogCapture(const LogCapture&) = delete;
-    LogCapture& operator=(const LogCapture&) = delete;
-
-    // Everything written so far.
-    QString text();
+    explicit LogCapture(uint32_t level = 11)
+        : savedLevel(logLevel)
+    {
+        logLevel = level;
+    }
+    ~LogCapture() { logLevel = savedLevel; }
 
 private:
-    int savedStderr = -1;
-    int fd = -1;
     uint32_t savedLevel;
 };

@@ -2,36 +2,58 @@
 
 #include "VirtualPrinter.h"
 
+#include <QDebug>
+#include <QFile>
 #include <QMutex>
 #include <QStringList>
 
-#include <memory>
 #include <thread>
 
 // Runs a virtual printer on a thread of the test process and keeps what it reports.
 class PrinterThread
 {
 public:
-    explicit PrinterThread(const VirtualPrinterOptions& options);
-    ~PrinterThread();
+    explicit PrinterThread(const VirtualPrinterOptions& options)
+        : printer(options)
+    {
+        printer.setReporter([this](const QString& line) {
+            QMutexLocker locker(&mutex);
+            lines.append(line);
+        });
+    }
+    ~PrinterThread()
+    {
+        if (thread.joinable()) {
+            printer.stop();
+            thread.join();
+        }
+    }
 
     // On a terminal of its own, or on an existing master.
-    bool start();
-    bool attach(int masterFd);
-    void stop();
+    bool start(int masterFd = -1)
+    {
+        QString error;
+        if (!(masterFd < 0 ? printer.start(&error) : printer.attach(masterFd, &error))) {
+            qWarning() << "virtual printer:" << error;
+            return false;
+        }
+        thread = std::thread([this] { printer.run(); });
+        return true;
+    }
+    QStringList reports()
+    {
+        QMutexLocker locker(&mutex);
+        return lines;
+    }
+    static QByteArray fileText(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 
-    VirtualPrinter& printer() { return *virtualPrinter; }
-    QString devicePath() const { return virtualPrinter->devicePath(); }
-    QStringList reports();
-    bool reported(const QString& line);
-
-    // A file's bytes; empty when it cannot be read.
-    static QByteArray fileText(const QString& path);
+    VirtualPrinter printer;
 
 private:
-    bool launch(bool ready, const QString& error);
-
-    std::unique_ptr<VirtualPrinter> virtualPrinter;
     std::thread thread;
     QMutex mutex;
     QStringList lines;

@@ -12,265 +12,212 @@ class TestIOClientUsbEp0 : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void findsDeviceByBusAddress_data();
-    void findsDeviceByBusAddress();
-    void findsDeviceByVendorAndProduct();
-    void wakeup_data();
-    void wakeup();
-    void statusReplyLength_data();
-    void statusReplyLength();
-    void deviceId_data();
-    void deviceId();
-    void transferLogs_data();
-    void transferLogs();
-    void commandSafeWakesFirst();
-    void getDataWithOutRequestAsserts();
-    void initReportsIdentity();
-
-private:
     UsbPrinterMock mock; // before anything starts libusb
-};
-
-void TestIOClientUsbEp0::findsDeviceByBusAddress_data()
-{
-    QTest::addColumn<int>("bus");
-    QTest::addColumn<int>("address");
-    QTest::addColumn<bool>("ioctlFails");
-    QTest::addColumn<bool>("found");
-    QTest::addColumn<QString>("logged"); // empty: no "hasn't been found"
-
-    QTest::newRow("same bus and address") << 3 << 7 << false << true << QString();
-    QTest::newRow("unknown address")
-        << 3 << 9 << false << false << "usb device (bus=003 device=009) hasn't been found";
-    QTest::newRow("unknown bus: silent") << 5 << 7 << false << false << QString();
-    QTest::newRow("ioctl fails") << 3 << 7 << true << false
-                                 << "ioctl(GET_BUS_ADDRESS) failure: <Input/output error>";
-}
-
-void TestIOClientUsbEp0::findsDeviceByBusAddress()
-{
-    QFETCH(int, bus);
-    QFETCH(int, address);
-    QFETCH(bool, ioctlFails);
-    QFETCH(bool, found);
-    QFETCH(QString, logged);
-
-    IOClient client(mock.usblpPath());
     UsbPrinterMock::Behaviour behaviour;
-    behaviour.busNumber = bus;
-    behaviour.deviceAddress = address;
-    behaviour.busAddressFails = ioctlFails;
-    mock.setBehaviour(behaviour);
 
-    LogCapture log;
-    libusb_device* device = client.ep0().findUsbDevice(&client);
-    QCOMPARE(device != nullptr, found);
-    if (device) {
-        QCOMPARE(int(libusb_get_bus_number(device)), 3);
-        QCOMPARE(int(libusb_get_device_address(device)), 7);
-        libusb_unref_device(device);
+private slots:
+    void init() { behaviour = UsbPrinterMock::Behaviour(); }
+
+    void findsDeviceByBusAddress_data()
+    {
+        QTest::addColumn<int>("bus");
+        QTest::addColumn<int>("address");
+        QTest::addColumn<bool>("ioctlFails");
+        QTest::addColumn<QString>("logged"); // empty: found, and silently so
+        QTest::newRow("same bus and address") << 3 << 7 << false << QString();
+        QTest::newRow("unknown address")
+            << 3 << 9 << false << "usb device (bus=003 device=009) hasn't been found";
+        QTest::newRow("unknown bus: silent") << 5 << 7 << false << QString();
+        QTest::newRow("ioctl fails")
+            << 3 << 7 << true << "ioctl(GET_BUS_ADDRESS) failure: <Input/output error>";
     }
-    QVERIFY2(logged.isEmpty() ? !log.text().contains("hasn't been found")
-                              : log.text().contains(logged),
-             qPrintable(log.text()));
-    QVERIFY(!client.isOpen()); // the locker closed what it opened
-}
+    void findsDeviceByBusAddress()
+    {
+        QFETCH(int, bus);
+        QFETCH(int, address);
+        QFETCH(bool, ioctlFails);
+        QFETCH(QString, logged);
+        IOClient client(UsbPrinterMock::kUsblp);
+        behaviour.busNumber = bus;
+        behaviour.deviceAddress = address;
+        behaviour.busAddressFails = ioctlFails;
+        mock.setBehaviour(behaviour);
+        LogCapture log;
+        libusb_device* device = client.ep0().findUsbDevice(&client);
+        QCOMPARE(device != nullptr, bus == 3 && address == 7 && !ioctlFails);
+        if (device) {
+            QCOMPARE(int(libusb_get_bus_number(device)), 3);
+            QCOMPARE(int(libusb_get_device_address(device)), 7);
+            libusb_unref_device(device);
+        }
+        const QByteArray text = log.text();
+        QVERIFY2(logged.isEmpty() ? !text.contains("hasn't been found")
+                                  : text.contains(logged.toUtf8()),
+                 text.constData());
+        QVERIFY(!client.isOpen()); // the locker closed what it opened
+    }
 
-// The serial number is reported, never compared.
-void TestIOClientUsbEp0::findsDeviceByVendorAndProduct()
-{
-    mock.setBehaviour(UsbPrinterMock::Behaviour());
-    unsigned char status[8] = {};
-    LogCapture log;
-    IOClientUsbEp0 exact(UsbPrinterMock::kVendor, UsbPrinterMock::kProduct, "OTHER-SERIAL");
-    QCOMPARE(exact.command(0xC1, 0x02, 0, 0, status, 8, 1000), 8);
-    QCOMPARE(status[1], uchar(0x12));
-    QVERIFY(log.text().contains("vid=0x04f9 pid=0x0042 serial=<OTHER-SERIAL> usblp=(nil)()"));
-    IOClientUsbEp0 other(UsbPrinterMock::kVendor, 0x9999, QByteArray());
-    QCOMPARE(other.command(0xC1, 0x02, 0, 0, status, 8, 1000), -1);
-    QVERIFY(log.text().contains("usb device vid=4F9 pid=9999 not found"));
-    QVERIFY(log.text().contains("ERROR: findUsbDevice() failed"));
-}
+    // The serial number is reported, never compared.
+    void findsDeviceByVendorAndProduct()
+    {
+        mock.setBehaviour();
+        unsigned char status[8] = {};
+        LogCapture log;
+        IOClientUsbEp0 exact(UsbPrinterMock::kVendor, UsbPrinterMock::kProduct, "OTHER-SERIAL");
+        QCOMPARE(exact.command(0xC1, 0x02, 0, 0, status, 8, 1000), 8);
+        QCOMPARE(status[1], uchar(0x12));
+        IOClientUsbEp0 other(UsbPrinterMock::kVendor, 0x9999, QByteArray());
+        QCOMPARE(other.command(0xC1, 0x02, 0, 0, status, 8, 1000), -1);
+        const QByteArray text = log.text();
+        QVERIFY(text.contains("vid=0x04f9 pid=0x0042 serial=<OTHER-SERIAL> usblp=(nil)()"));
+        QVERIFY(text.contains("usb device vid=4F9 pid=9999 not found"));
+        QVERIFY(text.contains("ERROR: findUsbDevice() failed"));
+    }
 
-void TestIOClientUsbEp0::wakeup_data()
-{
-    QTest::addColumn<int>("silentProbes");
-    QTest::addColumn<bool>("wakeupFails");
-    QTest::addColumn<int>("timeout");
-    QTest::addColumn<bool>("awake");
-    QTest::addColumn<int>("probes");
-    QTest::addColumn<int>("wakeups");
+    void wakeup_data()
+    {
+        QTest::addColumn<int>("silentProbes");
+        QTest::addColumn<bool>("wakeupFails");
+        QTest::addColumn<int>("timeout");
+        QTest::addColumn<bool>("awake");
+        QTest::addColumn<int>("probes");
+        QTest::addColumn<int>("wakeups");
+        QTest::newRow("valid at once") << 0 << false << 5000 << true << 1 << 0;
+        QTest::newRow("valid after two probes") << 3 << false << 5000 << true << 4 << 1;
+        QTest::newRow("never, 1000 ms") << -1 << false << 1000 << false << 3 << 1;
+        QTest::newRow("never, 500 ms: one probe") << -1 << false << 500 << false << 2 << 1;
+        QTest::newRow("never, 0 ms: still one probe") << -1 << false << 0 << false << 2 << 1;
+        QTest::newRow("wake-up request fails") << -1 << true << 5000 << false << 1 << 1;
+    }
+    void wakeup()
+    {
+        QFETCH(int, silentProbes);
+        QFETCH(bool, wakeupFails);
+        QFETCH(int, timeout);
+        QFETCH(bool, awake);
+        QFETCH(int, probes);
+        QFETCH(int, wakeups);
+        IOClient client(UsbPrinterMock::kUsblp);
+        behaviour.silentProbes = silentProbes;
+        behaviour.wakeupFails = wakeupFails;
+        mock.setBehaviour(behaviour);
+        LogCapture log;
+        QCOMPARE(client.ep0().wakeup_ensure(timeout), awake);
+        QCOMPARE(mock.controlRequests().count(0x02), probes);
+        QCOMPARE(mock.controlRequests().count(0x99), wakeups);
+        const QByteArray text = log.text();
+        QVERIFY(text.contains(QStringLiteral("IOClientUsbEp0::wakeup(%1)").arg(timeout).toUtf8()));
+        if (wakeupFails)
+            QVERIFY(text.contains("wakeup failed"));
+        if (probes > 1)
+            QVERIFY(text.contains(awake ? "id=123456" : "id=aaaaaa"));
+    }
 
-    QTest::newRow("valid at once") << 0 << false << 5000 << true << 1 << 0;
-    QTest::newRow("valid after two probes") << 3 << false << 5000 << true << 4 << 1;
-    QTest::newRow("never, 1000 ms") << -1 << false << 1000 << false << 3 << 1;
-    QTest::newRow("never, 500 ms: one probe") << -1 << false << 500 << false << 2 << 1;
-    QTest::newRow("never, 0 ms: still one probe") << -1 << false << 0 << false << 2 << 1;
-    QTest::newRow("wake-up request fails") << -1 << true << 5000 << false << 1 << 1;
-}
+    void statusReplyLength_data()
+    {
+        QTest::addColumn<int>("length");
+        QTest::addColumn<uint>("id");
+        QTest::addColumn<uint>("expected");
+        QTest::newRow("7 bytes: no answer") << 7 << 0x123456u << 0xAAAAAAu;
+        QTest::newRow("8 bytes") << 8 << 0x123456u << 0x123456u;
+        QTest::newRow("9 bytes: overflow, no answer") << 9 << 0x123456u << 0xAAAAAAu;
+        QTest::newRow("id 0xAAAAAA looks like no answer") << 8 << 0xAAAAAAu << 0xAAAAAAu;
+    }
+    void statusReplyLength()
+    {
+        QFETCH(int, length);
+        QFETCH(uint, id);
+        QFETCH(uint, expected);
+        IOClient client(UsbPrinterMock::kUsblp);
+        behaviour.statusLength = length;
+        behaviour.statusId = id;
+        mock.setBehaviour(behaviour);
+        QCOMPARE(uint(client.ep0().probeStatus()), expected);
+    }
 
-void TestIOClientUsbEp0::wakeup()
-{
-    QFETCH(int, silentProbes);
-    QFETCH(bool, wakeupFails);
-    QFETCH(int, timeout);
-    QFETCH(bool, awake);
-    QFETCH(int, probes);
-    QFETCH(int, wakeups);
+    void deviceId_data()
+    {
+        QTest::addColumn<QByteArray>("ioctlId");
+        QTest::addColumn<QByteArray>("reply"); // to the class request
+        QTest::addColumn<QByteArray>("expected");
+        const QByteArray reply("\x00\x0bMFG:ACME;", 11);
+        QTest::newRow("ioctl first")
+            << QByteArray("MFG:Ormund;") << reply << QByteArray("MFG:Ormund;");
+        QTest::newRow("request drops last byte") << QByteArray() << reply << QByteArray("MFG:ACME");
+        QTest::newRow("three bytes") << QByteArray() << QByteArray("\x00\x03M", 3) << QByteArray();
+        QTest::newRow("one byte") << QByteArray() << QByteArray("\x00", 1) << QByteArray();
+    }
+    void deviceId()
+    {
+        QFETCH(QByteArray, ioctlId);
+        QFETCH(QByteArray, reply);
+        QFETCH(QByteArray, expected);
+        IOClient client(UsbPrinterMock::kUsblp);
+        behaviour.deviceId = ioctlId;
+        behaviour.classDeviceId = reply;
+        mock.setBehaviour(behaviour);
+        LogCapture log;
+        QCOMPARE(client.ep0().getDeviceID(1000), expected);
+        QCOMPARE(mock.controlRequests().count(0x00), ioctlId.isEmpty() ? 1 : 0);
+        QCOMPARE(log.text().contains("ioctl failed with code 25: <Inappropriate ioctl for device>"),
+                 ioctlId.isEmpty());
+    }
 
-    IOClient client(mock.usblpPath());
-    UsbPrinterMock::Behaviour behaviour;
-    behaviour.silentProbes = silentProbes;
-    behaviour.wakeupFails = wakeupFails;
-    mock.setBehaviour(behaviour);
+    void transferLogs_data()
+    {
+        QTest::addColumn<bool>("stalls");
+        QTest::addColumn<int>("result");
+        QTest::addColumn<QStringList>("lines");
+        QTest::newRow("answered")
+            << false << 8
+            << QStringList{"INFO: usb_control_msg(,0xc1,0x02,0x0000,0x0000,", ",8,1000)",
+                           "I/O: ep0: HOST>FW: c1 02 0000 0000 0008 [0 bytes of data]",
+                           "I/O: ep0: HOST<FW: [0x00][0x12][0x34][0x56][0x00][0x00][0x00][0x00]"
+                           "[8 bytes of data]"};
+        QTest::newRow("stalled") << true << -1
+                                 << QStringList{"I/O: ep0: HOST<FW: failed: <Pipe error>",
+                                                "ERROR: usb_control_msg failed: <Pipe error>"};
+    }
+    void transferLogs()
+    {
+        QFETCH(bool, stalls);
+        QFETCH(int, result);
+        QFETCH(QStringList, lines);
+        IOClient client(UsbPrinterMock::kUsblp);
+        behaviour.controlStalls = stalls;
+        mock.setBehaviour(behaviour);
+        LogCapture log;
+        unsigned char status[8] = {};
+        QCOMPARE(client.ep0().command(0xC1, 0x02, 0, 0, status, 8, 1000), result);
+        const QByteArray text = log.text();
+        for (const QString& line : lines)
+            QVERIFY2(text.contains(line.toUtf8()), text.constData());
+    }
 
-    LogCapture log;
-    QCOMPARE(client.ep0().wakeup_ensure(timeout), awake);
-    QCOMPARE(mock.countOf(0x02), probes);
-    QCOMPARE(mock.countOf(0x99), wakeups);
-    QVERIFY(log.text().contains(QStringLiteral("IOClientUsbEp0::wakeup(%1)").arg(timeout)));
-    if (wakeupFails)
-        QVERIFY(log.text().contains("wakeup failed"));
-    if (probes > 1)
-        QVERIFY(log.text().contains(awake ? "id=123456" : "id=aaaaaa"));
-}
+    void commandSafeWakesFirst()
+    {
+        IOClient client(UsbPrinterMock::kUsblp);
+        behaviour.extendedId = "CMD:IDS;";
+        mock.setBehaviour(behaviour);
+        unsigned char buffer[255] = {};
+        QCOMPARE(client.ep0().command_safe(0xC1, 0xE0, 0x0100, 0, buffer, 255, 1000), 8);
+        QCOMPARE(mock.controlRequests(), (QList<uint8_t>{0x99, 0xE0}));
+    }
 
-void TestIOClientUsbEp0::statusReplyLength_data()
-{
-    QTest::addColumn<int>("length");
-    QTest::addColumn<uint>("id");
-    QTest::addColumn<uint>("expected");
-
-    QTest::newRow("7 bytes: no answer") << 7 << 0x123456u << 0xAAAAAAu;
-    QTest::newRow("8 bytes") << 8 << 0x123456u << 0x123456u;
-    QTest::newRow("9 bytes: overflow, no answer") << 9 << 0x123456u << 0xAAAAAAu;
-    QTest::newRow("id 0xAAAAAA looks like no answer") << 8 << 0xAAAAAAu << 0xAAAAAAu;
-}
-
-void TestIOClientUsbEp0::statusReplyLength()
-{
-    QFETCH(int, length);
-    QFETCH(uint, id);
-    QFETCH(uint, expected);
-
-    IOClient client(mock.usblpPath());
-    UsbPrinterMock::Behaviour behaviour;
-    behaviour.statusLength = length;
-    behaviour.statusId = id;
-    mock.setBehaviour(behaviour);
-
-    QCOMPARE(uint(client.ep0().probeStatus()), expected);
-}
-
-void TestIOClientUsbEp0::deviceId_data()
-{
-    QTest::addColumn<QByteArray>("ioctlId");
-    QTest::addColumn<QByteArray>("reply"); // to the class request
-    QTest::addColumn<QByteArray>("expected");
-    QTest::addColumn<int>("classRequests");
-
-    const QByteArray reply("\x00\x0bMFG:ACME;", 11);
-    QTest::newRow("ioctl first") << QByteArray("MFG:Ormund;CMD:PJL;") << reply
-                                 << QByteArray("MFG:Ormund;CMD:PJL;") << 0;
-    QTest::newRow("request drops last byte")
-        << QByteArray() << reply << QByteArray("MFG:ACME") << 1;
-    QTest::newRow("three bytes") << QByteArray() << QByteArray("\x00\x03M", 3) << QByteArray() << 1;
-    QTest::newRow("two bytes") << QByteArray() << QByteArray("\x00\x02", 2) << QByteArray() << 1;
-    QTest::newRow("one byte") << QByteArray() << QByteArray("\x00", 1) << QByteArray() << 1;
-}
-
-void TestIOClientUsbEp0::deviceId()
-{
-    QFETCH(QByteArray, ioctlId);
-    QFETCH(QByteArray, reply);
-    QFETCH(QByteArray, expected);
-    QFETCH(int, classRequests);
-
-    IOClient client(mock.usblpPath());
-    UsbPrinterMock::Behaviour behaviour;
-    behaviour.deviceId = ioctlId;
-    behaviour.classDeviceId = reply;
-    mock.setBehaviour(behaviour);
-
-    LogCapture log;
-    QCOMPARE(client.ep0().getDeviceID(1000), expected);
-    QCOMPARE(mock.countOf(0x00), classRequests);
-    if (classRequests)
-        QVERIFY(log.text().contains("ioctl failed with code 25: <Inappropriate ioctl for device>"));
-}
-
-void TestIOClientUsbEp0::transferLogs_data()
-{
-    QTest::addColumn<bool>("stalls");
-    QTest::addColumn<int>("result");
-    QTest::addColumn<QStringList>("lines");
-
-    QTest::newRow("answered") << false << 8
-                              << QStringList{
-                                     "INFO: usb_control_msg(,0xc1,0x02,0x0000,0x0000,", ",8,1000)",
-                                     "I/O: ep0: HOST>FW: c1 02 0000 0000 0008 [0 bytes of data]",
-                                     "I/O: ep0: HOST<FW: [0x00][0x12][0x34][0x56][0x00][0x00]"
-                                     "[0x00][0x00][8 bytes of data]"};
-    QTest::newRow("stalled") << true << -1
-                             << QStringList{"I/O: ep0: HOST<FW: failed: <Pipe error>",
-                                            "ERROR: usb_control_msg failed: <Pipe error>"};
-}
-
-void TestIOClientUsbEp0::transferLogs()
-{
-    QFETCH(bool, stalls);
-    QFETCH(int, result);
-    QFETCH(QStringList, lines);
-
-    IOClient client(mock.usblpPath());
-    UsbPrinterMock::Behaviour behaviour;
-    behaviour.controlStalls = stalls;
-    mock.setBehaviour(behaviour);
-
-    LogCapture log;
-    unsigned char status[8] = {};
-    QCOMPARE(client.ep0().command(0xC1, 0x02, 0, 0, status, 8, 1000), result);
-    for (const QString& line : lines)
-        QVERIFY2(log.text().contains(line), qPrintable(log.text()));
-}
-
-void TestIOClientUsbEp0::commandSafeWakesFirst()
-{
-    IOClient client(mock.usblpPath());
-    UsbPrinterMock::Behaviour behaviour;
-    behaviour.extendedId = "CMD:IDS;";
-    mock.setBehaviour(behaviour);
-
-    unsigned char buffer[255] = {};
-    QCOMPARE(client.ep0().command_safe(0xC1, 0xE0, 0x0100, 0, buffer, 255, 1000), 8);
-    QCOMPARE(mock.controlRequests(), (QList<uint8_t>{0x99, 0xE0}));
-}
-
-void TestIOClientUsbEp0::getDataWithOutRequestAsserts()
-{
-    IOClient client(mock.usblpPath());
-    LogCapture log;
-    client.ep0().getData(0x41, 0x02, 0, 0, 8, 1000);
-    QVERIFY(log.text().contains(
-        "ASSERT: \"(((requesttype) & 0x80) == ((0x80) & 0x80))\" in IOClientUsbEp0.cpp"));
-}
-
-void TestIOClientUsbEp0::initReportsIdentity()
-{
-    UsbPrinterMock::Behaviour behaviour;
-    behaviour.deviceId = "MFG:Ormund;MDL:MFC-100;";
-    behaviour.extendedId = "CMD:PJL,IDS;";
-    mock.setBehaviour(behaviour);
-
-    LogCapture log;
-    IOClient client(mock.usblpPath());
-    const QString text = log.text();
-    QVERIFY(text.contains("IOClientUsbEp0::init()"));
-    QVERIFY(text.contains("\tdevID[23]: <MFG:Ormund;MDL:MFC-100;>"));
-    QVERIFY(text.contains("\textDevID[12]: <CMD:PJL,IDS;>"));
-    QVERIFY(text.contains("\tdevStatus[8]: <0012345600000000>"));
-}
+    void initReportsIdentity()
+    {
+        behaviour.deviceId = "MFG:Ormund;MDL:MFC-100;";
+        behaviour.extendedId = "CMD:PJL,IDS;";
+        mock.setBehaviour(behaviour);
+        LogCapture log;
+        IOClient client(UsbPrinterMock::kUsblp);
+        const QByteArray text = log.text();
+        QVERIFY(text.contains("IOClientUsbEp0::init()"));
+        QVERIFY(text.contains("\tdevID[23]: <MFG:Ormund;MDL:MFC-100;>"));
+        QVERIFY(text.contains("\textDevID[12]: <CMD:PJL,IDS;>"));
+        QVERIFY(text.contains("\tdevStatus[8]: <0012345600000000>"));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestIOClientUsbEp0)
 #include "TestIOClientUsbEp0.moc"

@@ -9,59 +9,53 @@ class TestTAVCommand : public QObject
     Q_OBJECT
 
 private slots:
-    void framing_data();
-    void framing();
-    void reportsHeaderAndFirstDataBytes();
-};
+    void framing_data()
+    {
+        QTest::addColumn<bool>("ids");
+        QTest::addColumn<uint>("code");
+        QTest::addColumn<QByteArray>("data");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("description");
+        QTest::newRow("TAV ALL?") << false << 0u << QByteArray("ALL?")
+                                  << QByteArray("\x1b#\x00\x00\x00\x04"
+                                                "ALL?",
+                                                10)
+                                  << "\n\tstart marker: 1B23\n\tsize: 4\n\tcmd: <ALL?>";
+        QTest::newRow("TAV change text shows four bytes")
+            << false << 0u << QByteArray("<?xml?>")
+            << QByteArray("\x1b#\x00\x00\x00\x07<?xml?>", 13)
+            << "\n\tstart marker: 1B23\n\tsize: 7\n\tcmd: <<?xm>";
+        QTest::newRow("IDS size query")
+            << true << 0xF5000000u << QByteArray()
+            << QByteArray("\x1b$\xf5\x00\x00\x00\x00\x00\x00\x00", 10)
+            << "\n\tstart marker: 1B24\n\tcmd: F5000000\n\tsize: 0\n\tdata: ";
+        QTest::newRow("IDS apply changes")
+            << true << 0xF5020000u << QByteArray(300, 'x')
+            << QByteArray("\x1b$\xf5\x02\x00\x00\x00\x00\x01\x2c", 10) + QByteArray(300, 'x')
+            << "\n\tstart marker: 1B24\n\tcmd: F5020000\n\tsize: 300\n\tdata: xxxx";
+    }
+    void framing()
+    {
+        QFETCH(bool, ids);
+        QFETCH(uint, code);
+        QFETCH(QByteArray, data);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, description);
+        const TAVCommand command = ids ? TAVCommand::ids(code, data) : TAVCommand::tav(data);
+        QCOMPARE(QByteArray(command), bytes);
+        QCOMPARE(command.description(), description);
+    }
 
-void TestTAVCommand::framing_data()
-{
-    QTest::addColumn<bool>("ids");
-    QTest::addColumn<uint>("code");
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("description");
-
-    QTest::newRow("TAV ALL?") << false << 0u << QByteArray("ALL?")
-                              << QByteArray("\x1b#\x00\x00\x00\x04"
-                                            "ALL?",
-                                            10)
-                              << "\n\tstart marker: 1B23\n\tsize: 4\n\tcmd: <ALL?>";
-    QTest::newRow("TAV change text shows four bytes")
-        << false << 0u << QByteArray("<?xml?>") << QByteArray("\x1b#\x00\x00\x00\x07<?xml?>", 13)
-        << "\n\tstart marker: 1B23\n\tsize: 7\n\tcmd: <<?xm>";
-    QTest::newRow("IDS size query")
-        << true << 0xF5000000u << QByteArray()
-        << QByteArray("\x1b$\xf5\x00\x00\x00\x00\x00\x00\x00", 10)
-        << "\n\tstart marker: 1B24\n\tcmd: F5000000\n\tsize: 0\n\tdata: ";
-    QTest::newRow("IDS apply changes")
-        << true << 0xF5020000u << QByteArray(300, 'x')
-        << QByteArray("\x1b$\xf5\x02\x00\x00\x00\x00\x01\x2c", 10) + QByteArray(300, 'x')
-        << "\n\tstart marker: 1B24\n\tcmd: F5020000\n\tsize: 300\n\tdata: xxxx";
-}
-
-void TestTAVCommand::framing()
-{
-    QFETCH(bool, ids);
-    QFETCH(uint, code);
-    QFETCH(QByteArray, data);
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, description);
-
-    const TAVCommand command = ids ? TAVCommand::ids(code, data) : TAVCommand::tav(data);
-    QCOMPARE(QByteArray(command), bytes);
-    QCOMPARE(command.description(), description);
-}
-
-void TestTAVCommand::reportsHeaderAndFirstDataBytes()
-{
-    LogCapture log(9);
-    TAVCommand::tav(QByteArray("0123456789"));
-    QCOMPARE(log.text(),
-             QStringLiteral("command header: [0x1b][0x23][0x00][0x00][0x00][0x0a]\n"
+    void reportsHeaderAndFirstDataBytes()
+    {
+        LogCapture log(9);
+        TAVCommand::tav(QByteArray("0123456789"));
+        QCOMPARE(log.text(),
+                 QByteArray("command header: [0x1b][0x23][0x00][0x00][0x00][0x0a]\n"
                             "command data: [0x30][0x31][0x32][0x33][0x34][0x35][0x36][0x37]"
                             " ... 8 from 10\n"));
-}
+    }
+};
 
 QTEST_GUILESS_MAIN(TestTAVCommand)
 #include "TestTAVCommand.moc"

@@ -16,39 +16,22 @@ namespace {
 
 constexpr unsigned long kLpiocGetDeviceId1024 = 0x84005001UL;
 constexpr unsigned long kLpiocGetBusAddress = 0x80085005UL;
-constexpr const char* kUsblpNode = "/dev/usb/lp0";
 constexpr const char* kUsbNode = "/dev/bus/usb/003/007";
 
 // A printer-class interface with a bulk OUT and a bulk IN endpoint.
 constexpr const char* kDevices =
-    "P: /devices/pci0000:00/0000:00:14.0/usb3/3-1\n"
-    "N: bus/usb/003/007\n"
-    "E: DEVNAME=/dev/bus/usb/003/007\n"
-    "E: DEVTYPE=usb_device\n"
-    "E: DRIVER=usb\n"
-    "E: SUBSYSTEM=usb\n"
-    "E: BUSNUM=003\n"
-    "E: DEVNUM=007\n"
-    "A: busnum=3\n"
-    "A: devnum=7\n"
-    "A: speed=480\n"
-    "A: idVendor=04f9\n"
-    "A: idProduct=0042\n"
-    "A: bConfigurationValue=1\n"
-    "A: bNumConfigurations=1\n"
-    "A: dev=189:262\n"
+    "P: /devices/pci0000:00/0000:00:14.0/usb3/3-1\nN: bus/usb/003/007\n"
+    "E: DEVNAME=/dev/bus/usb/003/007\nE: DEVTYPE=usb_device\nE: DRIVER=usb\nE: SUBSYSTEM=usb\n"
+    "E: BUSNUM=003\nE: DEVNUM=007\nA: busnum=3\nA: devnum=7\nA: speed=480\nA: idVendor=04f9\n"
+    "A: idProduct=0042\nA: bConfigurationValue=1\nA: bNumConfigurations=1\nA: dev=189:262\n"
     // device, configuration, interface 7/1/2, endpoints 0x01 and 0x82
     "H: descriptors=1201000200000040F9044200000101020301"
     "09022000010100C032"
     "090400000207010200"
     "07050102000200"
-    "07058202000200\n"
-    "\n"
-    "P: /devices/pci0000:00/0000:00:14.0/usb3/3-1/3-1:1.0/usbmisc/lp0\n"
-    "N: usb/lp0\n"
-    "E: DEVNAME=/dev/usb/lp0\n"
-    "E: SUBSYSTEM=usbmisc\n"
-    "A: dev=180:0\n";
+    "07058202000200\n\n"
+    "P: /devices/pci0000:00/0000:00:14.0/usb3/3-1/3-1:1.0/usbmisc/lp0\nN: usb/lp0\n"
+    "E: DEVNAME=/dev/usb/lp0\nE: SUBSYSTEM=usbmisc\nA: dev=180:0\n";
 
 } // namespace
 
@@ -62,7 +45,6 @@ struct UsbPrinterMock::Private
     Behaviour behaviour;
     QList<uint8_t> requests;
     int statusProbes = 0;
-    int opens = 0;
     QList<gulong> finishedUrbs;
 
     void answerUsblp(UMockdevIoctlClient* client);
@@ -114,34 +96,28 @@ void UsbPrinterMock::Private::answerUsb(UMockdevIoctlClient* client)
 
 int UsbPrinterMock::Private::controlReply(const unsigned char* setup, QByteArray& reply)
 {
-    const uint8_t requestType = setup[0];
-    const uint8_t request = setup[1];
-    requests.append(request);
+    requests.append(setup[1]);
     if (behaviour.controlStalls)
         return -EPIPE;
-    if (requestType == 0xC1 && request == 0x02) {
-        const bool silent = behaviour.silentProbes < 0 || statusProbes < behaviour.silentProbes;
-        ++statusProbes;
-        if (silent)
+    switch (setup[0] << 8 | setup[1]) {
+    case 0xC102: // status probe
+        if (behaviour.silentProbes < 0 || statusProbes++ < behaviour.silentProbes)
             return 0;
         reply = QByteArray(behaviour.statusLength, '\0');
-        const char id[3] = {char(behaviour.statusId >> 16), char(behaviour.statusId >> 8),
-                            char(behaviour.statusId)};
         for (int i = 0; i < 3 && i + 1 < reply.size(); ++i)
-            reply[i + 1] = id[i];
+            reply[i + 1] = char(behaviour.statusId >> (16 - 8 * i));
         return 0;
-    }
-    if (requestType == 0xC1 && request == 0x99)
+    case 0xC199: // wake-up
         return behaviour.wakeupFails ? -EPIPE : 0;
-    if (requestType == 0xC1 && request == 0xE0) {
+    case 0xC1E0:
         reply = behaviour.extendedId;
         return 0;
-    }
-    if (requestType == 0xA1 && request == 0x00) {
+    case 0xA100:
         reply = behaviour.classDeviceId;
         return 0;
+    default:
+        return -EPIPE;
     }
-    return -EPIPE;
 }
 
 // Completes a control URB at once. A reply longer than the host asked for is what a
@@ -195,26 +171,19 @@ UsbPrinterMock::UsbPrinterMock()
         qFatal("umockdev: %s", error->message);
     d->usblpHandler = umockdev_ioctl_base_new();
     d->usbHandler = umockdev_ioctl_base_new();
-    using IoctlHandler = gboolean (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, Private*);
-    using OpenHandler = void (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, Private*);
-    const IoctlHandler usblpIoctl = [](UMockdevIoctlBase*, UMockdevIoctlClient* client,
-                                       Private* self) -> gboolean {
-        self->answerUsblp(client);
+    const auto handle = [](UMockdevIoctlBase* base, UMockdevIoctlClient* client,
+                           Private* self) -> gboolean {
+        if (base == self->usblpHandler)
+            self->answerUsblp(client);
+        else
+            self->answerUsb(client);
         return TRUE;
     };
-    const IoctlHandler usbIoctl = [](UMockdevIoctlBase*, UMockdevIoctlClient* client,
-                                     Private* self) -> gboolean {
-        self->answerUsb(client);
-        return TRUE;
-    };
-    const OpenHandler opened = [](UMockdevIoctlBase*, UMockdevIoctlClient*, Private* self) {
-        std::lock_guard<std::mutex> lock(self->mutex);
-        ++self->opens;
-    };
-    g_signal_connect(d->usblpHandler, "handle-ioctl", G_CALLBACK(usblpIoctl), d.get());
-    g_signal_connect(d->usblpHandler, "client-connected", G_CALLBACK(opened), d.get());
-    g_signal_connect(d->usbHandler, "handle-ioctl", G_CALLBACK(usbIoctl), d.get());
-    if (!umockdev_testbed_attach_ioctl(d->testbed, kUsblpNode, d->usblpHandler, &error) ||
+    using Handler = gboolean (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, Private*);
+    for (UMockdevIoctlBase* base : {d->usblpHandler, d->usbHandler})
+        g_signal_connect(base, "handle-ioctl", G_CALLBACK(Handler(handle)), d.get());
+    if (!umockdev_testbed_attach_ioctl(d->testbed, UsbPrinterMock::kUsblp, d->usblpHandler,
+                                       &error) ||
         !umockdev_testbed_attach_ioctl(d->testbed, kUsbNode, d->usbHandler, &error))
         qFatal("umockdev: %s", error->message);
 }
@@ -228,27 +197,10 @@ UsbPrinterMock::~UsbPrinterMock()
 
 void UsbPrinterMock::setBehaviour(const Behaviour& behaviour)
 {
-    clearRecord();
     std::lock_guard<std::mutex> lock(d->mutex);
     d->behaviour = behaviour;
-}
-
-void UsbPrinterMock::clearRecord()
-{
-    std::lock_guard<std::mutex> lock(d->mutex);
     d->requests.clear();
     d->statusProbes = 0;
-    d->opens = 0;
-}
-
-QString UsbPrinterMock::usblpPath() const
-{
-    return QString::fromLatin1(kUsblpNode);
-}
-
-int UsbPrinterMock::dataMaster() const
-{
-    return umockdev_testbed_get_dev_fd(d->testbed, kUsblpNode);
 }
 
 QList<uint8_t> UsbPrinterMock::controlRequests() const
@@ -257,14 +209,7 @@ QList<uint8_t> UsbPrinterMock::controlRequests() const
     return d->requests;
 }
 
-int UsbPrinterMock::countOf(uint8_t request) const
+int UsbPrinterMock::dataMaster() const
 {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return int(d->requests.count(request));
-}
-
-int UsbPrinterMock::usblpOpens() const
-{
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->opens;
+    return umockdev_testbed_get_dev_fd(d->testbed, kUsblp);
 }

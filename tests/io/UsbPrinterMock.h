@@ -2,16 +2,14 @@
 
 #include <QByteArray>
 #include <QList>
-#include <QString>
 
 #include <cstdint>
 #include <memory>
 
-// An emulated USB printer for the code under test, made with umockdev (the test runs under
-// umockdev-wrapper): a usblp node "/dev/usb/lp0" that answers LPIOC_GET_DEVICE_ID and
-// LPIOC_GET_BUS_ADDRESS and carries the data channel on a pseudo-terminal, and a USB device
-// at bus 3, address 7 (vendor 0x04f9, product 0x0042) with sysfs descriptors whose usbfs
-// node answers the vendor and class control requests.
+// An emulated USB printer made with umockdev (the test runs under umockdev-wrapper): the usblp
+// node kUsblp answers LPIOC_GET_DEVICE_ID and LPIOC_GET_BUS_ADDRESS and carries the data
+// channel on a pseudo-terminal; the USB device at bus 3, address 7 (kVendor, kProduct) answers
+// the vendor and class control requests on its usbfs node.
 //
 // Make it before anything in the process initialises libusb: libusb takes its device list
 // when it starts.
@@ -35,22 +33,18 @@ public:
 
     static constexpr uint16_t kVendor = 0x04f9;
     static constexpr uint16_t kProduct = 0x0042;
+    static constexpr const char* kUsblp = "/dev/usb/lp0";
 
     UsbPrinterMock();
     ~UsbPrinterMock();
 
+    // Also forgets the requests seen so far.
     void setBehaviour(const Behaviour& behaviour);
-    // Forgets the requests seen so far.
-    void clearRecord();
-
-    QString usblpPath() const;
+    void setBehaviour() { setBehaviour(Behaviour()); }
+    // bRequest of every control transfer since, in order.
+    QList<uint8_t> controlRequests() const;
     // The printer side of the data channel.
     int dataMaster() const;
-
-    // bRequest of every control transfer, in order.
-    QList<uint8_t> controlRequests() const;
-    int countOf(uint8_t request) const;
-    int usblpOpens() const;
 
     struct Private;
 
