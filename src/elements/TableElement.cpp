@@ -59,14 +59,16 @@ void TableElement::readRow(const QDomElement& row, const QDomNode* parentNode,
     int column = 0;
     for (QDomElement cell = row.firstChildElement(); !cell.isNull();
          cell = cell.nextSiblingElement()) {
-        const bool dataCell = cell.tagName() == QLatin1String("DataCell");
-        if (dataCell)
-            ++column;
+        // Only DataCell children are cells: anything else would shift the grid away from
+        // the cell ids.
+        if (cell.tagName() != QLatin1String("DataCell"))
+            continue;
+        ++column;
         const QString keyword = cell.attribute(QStringLiteral("TYPE"));
         Element* element = nullptr;
         if (keyword != QLatin1String("ROWSPLIT") && factory)
             element = factory->createTableCellElement(cell, keyword, parentNode, this);
-        if (element && dataCell)
+        if (element)
             element->setTableCellId(cellId(id(), rowNumber, column));
         cells.append(element);
     }
