@@ -9,8 +9,11 @@
 #include "SettingsViewItem.h"
 #include "VirtualPrinterProcess.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopeGuard>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
@@ -240,6 +243,48 @@ private slots:
         QTRY_VERIFY(opened);
         QCOMPARE(s.boxes.seen.value(0).section(QLatin1Char('|'), 0, 0), QStringLiteral("Error"));
         QVERIFY(s.sent().isEmpty());
+    }
+
+    void samplePaperSizeLimitsTheMargin()
+    {
+        // The shipped rules on the shipped laser sample, read as the program reads them.
+        QTemporaryDir dir;
+        QVERIFY(
+            QFile::copy(QStringLiteral(TAV_DATA_DIR "/laser_mfp.xml"), dir.filePath("tav.xml")));
+        QVERIFY(QFile::copy(QStringLiteral(TAV_DATA_DIR "/dependencies.xml"),
+                            dir.filePath("dependencies.xml")));
+        // The program reads its files from its own folder, which is its working folder.
+        const QString before = QDir::currentPath();
+        QDir::setCurrent(dir.path());
+        const auto restore = qScopeGuard([&before] { QDir::setCurrent(before); });
+        ModalWatcher boxes;
+        Configurator configurator(dir.path(), dir.filePath("none"), QStringLiteral("Laser"), true,
+                                  false, false, false);
+        QVERIFY(configurator.getPrinterSettings());
+        SettingsDialog dialog;
+        dialog.initialize(&configurator, QStringLiteral("Laser"));
+        dialog.show();
+        const auto show = [&dialog](const char* id) {
+            dialog.paramList->setCurrentItem(dialog.findParamItem(QString::fromLatin1(id)));
+            return dialog.findParamItem(QString::fromLatin1(id))->element()->control();
+        };
+        auto* margin = qobject_cast<QSpinBox*>(show("TopMargin"));
+        QVERIFY(margin);
+        QCOMPARE(margin->maximum(), 28); // A4
+        margin->setFocus();
+        margin->selectAll();
+        QTest::keyClicks(margin, QStringLiteral("27"));
+        QCOMPARE(valueElement(configurator, "TopMargin")->current(), QStringLiteral("27"));
+
+        auto* paper = qobject_cast<QComboBox*>(show("PaperSize"));
+        QVERIFY(paper);
+        paper->setFocus();
+        QTest::keyClick(paper, Qt::Key_Down); // A4 -> A5, which allows 18 mm at the top
+        QCOMPARE(valueElement(configurator, "PaperSize")->current(), QStringLiteral("A5"));
+        QCOMPARE(valueElement(configurator, "TopMargin")->current(), QStringLiteral("18"));
+        margin = qobject_cast<QSpinBox*>(show("TopMargin"));
+        QCOMPARE(margin->maximum(), 18);
+        QCOMPARE(margin->value(), 18);
     }
 
     void defaultRestoresFactoryValues()
