@@ -51,6 +51,7 @@ bool IOClient::open(OpenMode mode)
     if (isOpen() || path.isEmpty())
         return QFile::open(mode);
     const int fd = ::open(QFile::encodeName(path).constData(), openFlags(mode));
+    nonBlockingMode = false;
     if (fd < 0)
         return QFile::open(mode | ExistingOnly); // fails again and records why, creating nothing
     if (QFile::open(fd, mode, QFileDevice::AutoCloseHandle))
@@ -62,6 +63,7 @@ bool IOClient::open(OpenMode mode)
 void IOClient::close()
 {
     QFile::close();
+    nonBlockingMode = false;
     setFileName(path);
 }
 
@@ -87,7 +89,7 @@ qint64 IOClient::writeBlock(const char* data, qint64 length)
 {
     const qint64 written =
         writePollUs == -1
-            ? write(data, length)
+            ? (setNonBlocking(false), write(data, length))
             : polled(true, writePollUs, [&](int fd) { return ::write(fd, data, size_t(length)); });
     if (written > 0 && logLevel >= 11)
         TAV_LOG(11, "I/O: HOST>FW: %s [%d bytes]", qPrintable(hexText(data, int(written))),
@@ -99,7 +101,7 @@ qint64 IOClient::readBlock(char* data, qint64 length)
 {
     const qint64 received =
         readPollUs == -1
-            ? read(data, length)
+            ? (setNonBlocking(false), read(data, length))
             : polled(false, readPollUs, [&](int fd) { return ::read(fd, data, size_t(length)); });
     if (received > 0 && logLevel >= 11)
         TAV_LOG(11, "I/O: HOST<FW: %s [%d bytes]", qPrintable(hexText(data, int(received))),
@@ -152,18 +154,30 @@ bool IOClient::hungUp() const
     return poll(&descriptor, 1, 0) > 0 && (descriptor.revents & (POLLHUP | POLLERR));
 }
 
-// One transfer with O_NONBLOCK set around it; kWouldBlock when the device was not ready.
+// One transfer on the non-blocking descriptor; kWouldBlock when the device was not ready.
 qint64 IOClient::nonBlocking(const std::function<qint64(int fd)>& operation) const
 {
-    const int fd = handle();
-    const int flags = fcntl(fd, F_GETFL);
-    fcntl(fd, F_SETFL, flags | O_NONBLOCK);
-    qint64 result = operation(fd);
-    const int savedErrno = errno;
-    fcntl(fd, F_SETFL, flags & ~O_NONBLOCK);
-    if (result < 0 && (savedErrno == EAGAIN || savedErrno == EWOULDBLOCK || savedErrno == EINTR))
+    if (!setNonBlocking(true))
+        return -1;
+    qint64 result = operation(handle());
+    if (result < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR))
         result = kWouldBlock;
     return result;
+}
+
+// The descriptor is switched only when the wanted mode differs from the one it has: a
+// transfer of many blocks then pays for the switch once instead of three system calls per
+// block, which a pseudo-terminal handing over 4 KiB at a time would make thousands of.
+bool IOClient::setNonBlocking(bool on) const
+{
+    if (nonBlockingMode == on || !isOpen())
+        return true;
+    const int fd = handle();
+    const int flags = fcntl(fd, F_GETFL);
+    if (flags < 0 || fcntl(fd, F_SETFL, on ? flags | O_NONBLOCK : flags & ~O_NONBLOCK) < 0)
+        return false;
+    nonBlockingMode = on;
+    return true;
 }
 
 TransferResult IOClient::transferWithin(uint32_t length, int limitMs, const BlockStep& step)

@@ -74,10 +74,12 @@ private:
     int waitForDescriptor(bool forWriting, int microseconds) const;
     bool hungUp() const;
     qint64 nonBlocking(const std::function<qint64(int fd)>& operation) const;
+    bool setNonBlocking(bool on) const;
     static void logResult(const char* what, const TransferResult& result);
 
     QString path;
     int readPollUs = -1;
     int writePollUs = -1;
+    mutable bool nonBlockingMode = false; // the open descriptor's O_NONBLOCK, as last set
     IOClientUsbEp0 usbEp0; // after the settings above: its construction already uses the file
 };
