@@ -6,6 +6,8 @@
 #include "InkStepPage.h"
 #include "InkTestPageWizard.h"
 #include "PrinterThread.h"
+#include "RequestParser.h"
+#include "TAVCommand.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -214,6 +216,41 @@ private slots:
         QVERIFY(!wizard->currentPage()->isFinalPage());
         if (auto* row1 = wizard->findChild<QComboBox*>("row1"))
             QCOMPARE(row1->currentText(), "A"); // the choice survives the failure
+    }
+
+    // Ink blocks and settings requests share the stream without being mistaken for each other.
+    void parserKeepsCommandsApart_data()
+    {
+        const QByteArray padding(16, '\0');
+        QTest::addColumn<QByteArrayList>("pieces");
+        QTest::addColumn<QStringList>("requests");
+        QTest::newRow("block, then request")
+            << QByteArrayList{padding + "@TIJCLEN0" + TAVCommand::tav("ALL?")}
+            << QStringList{"ink:16:@TIJCLEN0", "tav:0:ALL?"};
+        QTest::newRow("block in pieces") << QByteArrayList{padding + "@T", "IJASET3", "ACE"}
+                                         << QStringList{"ink:16:@TIJASET3ACE"};
+        QTest::newRow("marker inside a change document")
+            << QByteArrayList{TAVCommand::tav("<a v='@TIJTPAG0'/>")}
+            << QStringList{"tav:0:<a v='@TIJTPAG0'/>"};
+        QTest::newRow("bad count skipped")
+            << QByteArrayList{"@TIJTPAGx" + TAVCommand::tav("DATA")} << QStringList{"tav:0:DATA"};
+    }
+    void parserKeepsCommandsApart()
+    {
+        QFETCH(QByteArrayList, pieces);
+        QFETCH(QStringList, requests);
+        RequestParser parser;
+        QStringList seen;
+        PrinterRequest request;
+        for (const QByteArray& piece : pieces) {
+            parser.feed(piece.constData(), int(piece.size()));
+            while (parser.next(request))
+                seen << QStringLiteral("%1:%2:%3")
+                            .arg(request.framing == PrinterRequest::Ink ? "ink" : "tav")
+                            .arg(request.padding)
+                            .arg(QString::fromLatin1(request.data));
+        }
+        QCOMPARE(seen, requests);
     }
 
     void cleaningOffersTestPage()
