@@ -6,6 +6,10 @@
 #include "Element.h"
 #include "ElementType.h"
 #include "ExternalPrograms.h"
+#include "InkAlignMFPWizard.h"
+#include "InkAlignSFPWizard.h"
+#include "InkCleanWizard.h"
+#include "InkTestPageWizard.h"
 #include "Log.h"
 #include "MimeSourceFactory_dorn.h"
 #include "ProgramPaths.h"
@@ -19,7 +23,6 @@
 #include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QPixmap>
 #include <QPixmapCache>
 
@@ -279,32 +282,49 @@ void Configurator::wirelessSetupStart()
     ExternalPrograms::runWirelessSetup(programDir, {devPath});
 }
 
-// The ink maintenance presses. Buttons whose kind reports through the settings channel are
-// sent as a change document; the guided wizards for the others build on this.
+// The ink maintenance wizards. Each finds out from the button's kind whether the press goes
+// out as a change document or as a command block on the data channel.
 void Configurator::ijTestPagePrint(SettingsDialog* parent, const QString& buttonId)
 {
-    Element* button = settingsParser.findElement(buttonId);
-    if (button && ElementTypes::isReportableButton(button->type())) {
-        if (!applySettings(buttonId))
-            QMessageBox::critical(parent, tr("Error"), tr("The printer did not take the request."));
-        return;
-    }
-    QMessageBox::information(parent, tr("Test page"),
-                             tr("This printer prints its test page through the maintenance "
-                                "wizard, which this version does not offer yet."));
+    InkTestPageWizard wizard(this, buttonId, parent);
+    wizard.exec();
 }
 
 void Configurator::ijCartridgeClean(SettingsDialog* parent, const QString& buttonId)
 {
-    ijTestPagePrint(parent, buttonId);
+    InkCleanWizard wizard(this, buttonId, parent);
+    wizard.exec();
+    if (wizard.testPageWanted())
+        ijTestPagePrint(parent, testPageButtonId());
 }
 
-void Configurator::ijCartridgeAlignSFP(bool, SettingsDialog* parent, const QString& buttonId)
+void Configurator::ijCartridgeAlignSFP(bool photoInk, SettingsDialog* parent,
+                                       const QString& buttonId)
 {
-    ijTestPagePrint(parent, buttonId);
+    InkAlignSFPWizard wizard(this, buttonId, photoInk, parent);
+    wizard.exec();
 }
 
 void Configurator::ijCartridgeAlignMFP(SettingsDialog* parent, const QString& buttonId)
 {
-    ijTestPagePrint(parent, buttonId);
+    InkAlignMFPWizard wizard(this, buttonId, parent);
+    wizard.exec();
+}
+
+QString Configurator::testPageButtonId() const
+{
+    Element* root = settingsParser.root();
+    QString id;
+    if (root)
+        root->iterateElements(findTestPageButton, &id);
+    return id;
+}
+
+bool Configurator::findTestPageButton(Element* element, void* data)
+{
+    const int type = element->type();
+    if (type != etInkTestPagePrint && type != etInkTestPagePrint_XML)
+        return true;
+    *static_cast<QString*>(data) = element->id();
+    return false;
 }

@@ -48,6 +48,9 @@ public slots:
     virtual void ijCartridgeAlignMFP(SettingsDialog* parent, const QString& buttonId = QString());
 
 private:
+    // The first test page button of the tree, or empty: the cleaning wizard offers it.
+    QString testPageButtonId() const;
+    static bool findTestPageButton(Element* element, void* data);
     void reportVersion();
     QString readVersion() const;
     void applyTranslation();

@@ -1,5 +1,7 @@
 #include "RequestParser.h"
 
+#include "InkCommands.h"
+
 #include <QString>
 
 namespace {
@@ -34,22 +36,67 @@ void RequestParser::clear()
                    .arg(buffer.size() - offset));
     buffer.clear();
     offset = 0;
+    padding = 0;
 }
 
-// Moves to the next ESC '#' or ESC '$'; false when none is complete yet.
+// ESC '#' or ESC '$' (a settings request), or the ink block marker; a prefix of either at
+// the end of the buffer counts, as the rest may still arrive.
+bool RequestParser::startsCommand(qsizetype at) const
+{
+    if (buffer.at(at) == kEscape)
+        return at + 1 >= buffer.size() || buffer.at(at + 1) == '#' || buffer.at(at + 1) == '$';
+    const qsizetype available = qMin<qsizetype>(InkCommands::kMarkerSize, buffer.size() - at);
+    return buffer.mid(at, available) == QByteArray(InkCommands::kMarker).left(available);
+}
+
+// Moves to the next command; false when none is complete yet. Zero bytes are padding a host
+// sends ahead of ink blocks: counted, not reported.
 bool RequestParser::skipToMarker()
 {
     qsizetype at = offset;
-    while (at < buffer.size()) {
-        if (buffer.at(at) == kEscape &&
-            (at + 1 >= buffer.size() || buffer.at(at + 1) == '#' || buffer.at(at + 1) == '$'))
-            break;
+    qsizetype skipped = 0;
+    while (at < buffer.size() && !startsCommand(at)) {
+        if (buffer.at(at) == '\0') {
+            ++padding;
+        } else {
+            ++skipped;
+            padding = 0;
+        }
         ++at;
     }
-    if (at > offset && report)
+    if (skipped > 0 && report)
         report(QStringLiteral("ignoring %1 bytes that start no request").arg(at - offset));
     offset = at;
     return buffer.size() - offset >= 2;
+}
+
+// An ink block at offset. False with *complete unset when more bytes are needed; a block
+// with a bad count is skipped past its marker.
+bool RequestParser::nextInk(PrinterRequest& request, bool* complete)
+{
+    *complete = false;
+    if (buffer.size() - offset < InkCommands::kHeaderSize)
+        return false;
+    const char count = buffer.at(offset + InkCommands::kHeaderSize - 1);
+    if (count < '0' || count > '0' + InkCommands::kMaxParameters) {
+        if (report)
+            report(QStringLiteral("ignoring an ink command with a bad parameter count"));
+        offset += InkCommands::kMarkerSize;
+        padding = 0;
+        *complete = true;
+        return false;
+    }
+    const qsizetype size = InkCommands::kHeaderSize + (count - '0');
+    if (buffer.size() - offset < size)
+        return false;
+    request.framing = PrinterRequest::Ink;
+    request.code = 0;
+    request.data = buffer.mid(offset, size);
+    request.padding = padding;
+    padding = 0;
+    offset += size;
+    *complete = true;
+    return true;
 }
 
 void RequestParser::compact()
@@ -66,6 +113,16 @@ void RequestParser::compact()
 bool RequestParser::next(PrinterRequest& request)
 {
     while (skipToMarker()) {
+        if (buffer.at(offset) != kEscape) {
+            bool complete = false;
+            if (nextInk(request, &complete)) {
+                compact();
+                return true;
+            }
+            if (complete)
+                continue;
+            return false;
+        }
         const bool ids = buffer.at(offset + 1) == '$';
         const int header = ids ? kIdsHeader : kTavHeader;
         if (buffer.size() - offset < header)
@@ -83,6 +140,8 @@ bool RequestParser::next(PrinterRequest& request)
         request.framing = ids ? PrinterRequest::Ids : PrinterRequest::Tav;
         request.code = ids ? bigEndian32(start + 2) : 0;
         request.data = buffer.mid(offset + header, qsizetype(length));
+        request.padding = padding;
+        padding = 0;
         offset += header + qsizetype(length);
         compact();
         return true;

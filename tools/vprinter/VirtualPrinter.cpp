@@ -1,5 +1,7 @@
 #include "VirtualPrinter.h"
 
+#include "InkCommands.h"
+
 #include <QRandomGenerator>
 
 #include <cerrno>
@@ -181,6 +183,10 @@ void VirtualPrinter::serve(const PrinterRequest& request)
 {
     ++served;
     terminal.dropUnreadReplies();
+    if (request.framing == PrinterRequest::Ink) {
+        serveInk(request); // understood whichever framing the settings use
+        return;
+    }
     const bool idsRequest = request.framing == PrinterRequest::Ids;
     if (idsRequest != options.ids) {
         report(QStringLiteral("ignoring a request in the %1 framing: this printer speaks %2")
@@ -235,6 +241,27 @@ void VirtualPrinter::serveIds(const PrinterRequest& request)
         report(QStringLiteral("request: IDS 0x%1 is no command of this printer; not answered")
                    .arg(request.code, 8, 16, QLatin1Char('0')));
     }
+}
+
+// Logs the block by name with its bytes; only a scan is answered.
+void VirtualPrinter::serveInk(const PrinterRequest& request)
+{
+    const QByteArray tag = request.data.mid(InkCommands::kMarkerSize, InkCommands::kTagSize);
+    const QString name = InkCommands::actionName(tag);
+    if (name.isEmpty()) {
+        report(QStringLiteral("ink command with the unknown tag \"%1\"; ignored")
+                   .arg(QString::fromLatin1(tag)));
+        return;
+    }
+    report(QStringLiteral("ink command: %1 \"%2\" after %3 zero bytes")
+               .arg(name, QString::fromLatin1(request.data))
+               .arg(request.padding));
+    if (options.inkFail)
+        report(QStringLiteral("fault: refusing the %1").arg(name));
+    if (tag != InkCommands::kScanAlign)
+        return;
+    sendReply(QByteArray(options.inkFail ? InkCommands::kScanFailed : InkCommands::kScanDone),
+              Reply::Short);
 }
 
 void VirtualPrinter::serveChanges(const QByteArray& document, PrinterRequest::Framing framing)

@@ -13,8 +13,9 @@
 
 // A USB multi-function printer's data channel, emulated on a pseudo-terminal. Serves its
 // settings specification in the TAV or the IDS framing, applies change documents to its own
-// copy, and can imitate the faults of a real device. One request is served at a time; the
-// host may open and close the device for every exchange.
+// copy, carries out ink maintenance command blocks (by logging them), and can imitate the faults of
+// a real device. One request is served at a time; the host may open and close the device for every
+// exchange.
 class VirtualPrinter
 {
 public:
@@ -62,6 +63,7 @@ private:
     void serve(const PrinterRequest& request);
     void serveTav(const PrinterRequest& request);
     void serveIds(const PrinterRequest& request);
+    void serveInk(const PrinterRequest& request);
     void serveChanges(const QByteArray& document, PrinterRequest::Framing framing);
     QByteArray specificationServed() const;
     uint32_t sizeAnnounced() const;

@@ -22,4 +22,5 @@ struct VirtualPrinterOptions
     uint32_t announcedSize = 0; // announce this size instead of the real one; 0: the real one
     bool brokenXml = false;     // serve the specification cut in half
     bool garbage = false;       // answer with random bytes instead of a reply header
+    bool inkFail = false;       // refuse every ink maintenance command; a scan reports failure
 };

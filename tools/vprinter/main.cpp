@@ -51,6 +51,7 @@ const Option kOptions[] = {
     {"huge", "Fault: announce a specification size of <bytes> (default 4294967295).", "bytes"},
     {"broken-xml", "Fault: serve the specification cut in half.", nullptr},
     {"garbage", "Fault: answer with random bytes instead of reply headers.", nullptr},
+    {"ink-fail", "Fault: refuse every ink maintenance command; a scan reports failure.", nullptr},
 };
 
 bool readOptions(QCommandLineParser& parser, VirtualPrinterOptions& options, QString* error)
@@ -70,6 +71,7 @@ bool readOptions(QCommandLineParser& parser, VirtualPrinterOptions& options, QSt
     options.hangUp = parser.isSet(QStringLiteral("hangup"));
     options.brokenXml = parser.isSet(QStringLiteral("broken-xml"));
     options.garbage = parser.isSet(QStringLiteral("garbage"));
+    options.inkFail = parser.isSet(QStringLiteral("ink-fail"));
     bool ok = true;
     if (parser.isSet(QStringLiteral("slow"))) {
         options.bytesPerSecond = parser.value(QStringLiteral("slow")).toInt(&ok);

@@ -1,0 +1,274 @@
+#include "Configurator.h"
+#include "Element.h"
+#include "InkAlignMFPWizard.h"
+#include "InkAlignSFPWizard.h"
+#include "InkCleanWizard.h"
+#include "InkStepPage.h"
+#include "InkTestPageWizard.h"
+#include "PrinterThread.h"
+#include "RequestParser.h"
+#include "TAVCommand.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDomDocument>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+// A program folder holding the inkjet sample as ./tav.xml, served by an in-process virtual
+// printer, and a Configurator on it that saves every change document it sends.
+struct Setup
+{
+    QTemporaryDir dir;
+    QString bin = dir.filePath(QStringLiteral("bin"));
+    std::unique_ptr<PrinterThread> printer;
+    std::unique_ptr<Configurator> configurator;
+
+    explicit Setup(VirtualPrinterOptions options = {})
+    {
+        QDir().mkpath(bin);
+        QFile::copy(QStringLiteral(TAV_DATA_DIR "/inkjet_mfp.xml"), bin + "/tav.xml");
+        options.specificationFile = bin + "/tav.xml";
+        printer = std::make_unique<PrinterThread>(options);
+        printer->start();
+        configurator = std::make_unique<Configurator>(bin, printer->printer.devicePath(), "InkJet",
+                                                      true, true, false, false);
+        configurator->getPrinterSettings();
+    }
+
+    // The wizard the settings dialog would start for this button.
+    std::unique_ptr<InkWizard> wizard(const QString& id, bool photoInk) const
+    {
+        const QString kind = configurator->parser().findElement(id)->metaObject()->className();
+        Configurator* c = configurator.get();
+        std::unique_ptr<InkWizard> made;
+        if (kind == "InkTestPagePrintElement")
+            made = std::make_unique<InkTestPageWizard>(c, id);
+        else if (kind == "InkCartridgeCleanElement")
+            made = std::make_unique<InkCleanWizard>(c, id);
+        else if (kind == "InkCartridgeAlignSFPElement")
+            made = std::make_unique<InkAlignSFPWizard>(c, id, photoInk);
+        else
+            made = std::make_unique<InkAlignMFPWizard>(c, id);
+        made->show();
+        return made;
+    }
+
+    // What the printer made of the ink blocks and presses it received.
+    QStringList actions() const
+    {
+        QStringList seen;
+        for (const QString& line : printer->reports()) {
+            if (line.startsWith("ink command") || line.startsWith("button") ||
+                line.startsWith("fault"))
+                seen << line;
+        }
+        return seen;
+    }
+
+    // The settings named by the last change document, as "id=CURRENT".
+    QStringList sentSettings() const
+    {
+        QDomDocument document;
+        document.setContent(PrinterThread::fileText(bin + "/tav_send(InkJet).xml"));
+        QStringList settings;
+        QDomElement item = document.documentElement().firstChildElement().firstChildElement();
+        for (; !item.isNull(); item = item.nextSiblingElement())
+            settings << item.tagName() + '=' + item.attribute("CURRENT");
+        return settings;
+    }
+};
+
+void commit(QWizard& wizard)
+{
+    QTest::mouseClick(wizard.button(QWizard::CommitButton), Qt::LeftButton);
+}
+
+InkStepPage* page(QWizard& wizard)
+{
+    return qobject_cast<InkStepPage*>(wizard.currentPage());
+}
+
+// Chooses patterns from the keyboard: first pattern on row 1, last on row 3.
+void choosePatterns(QWizard& wizard)
+{
+    QTest::keyClick(wizard.findChild<QComboBox*>("row1"), Qt::Key_Home);
+    QTest::keyClick(wizard.findChild<QComboBox*>("row3"), Qt::Key_End);
+}
+
+QString ink(const char* name, const char* block)
+{
+    return QStringLiteral("ink command: %1 \"%2\" after 16 zero bytes").arg(name, block);
+}
+
+} // namespace
+
+// The ink maintenance wizards against the virtual printer: the bytes each command-block kind
+// writes, the change document each reporting kind sends, and what the user sees on failure.
+class TestInkWizards : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void commandBlocks_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<bool>("photoInk");
+        QTest::addColumn<QStringList>("received");
+        QTest::newRow("test page")
+            << "PrintTestPage" << false << QStringList{ink("test page", "@TIJTPAG0")};
+        QTest::newRow("cleaning") << "CleanCartridges" << false
+                                  << QStringList{ink("cartridge cleaning", "@TIJCLEN0")};
+        QTest::newRow("align, no photo ink")
+            << "AlignCartridges" << false
+            << QStringList{ink("alignment page", "@TIJASFP10"),
+                           ink("alignment choice", "@TIJASET3ACE")};
+        QTest::newRow("align, photo ink") << "AlignCartridges" << true
+                                          << QStringList{ink("alignment page", "@TIJASFP11"),
+                                                         ink("alignment choice", "@TIJASET5ACECC")};
+        QTest::newRow("align with scanner")
+            << "AlignCartridgesScan" << false
+            << QStringList{ink("alignment page for the scanner", "@TIJAMFP0"),
+                           ink("scan and align", "@TIJASCN0")};
+    }
+    void commandBlocks()
+    {
+        QFETCH(QString, button);
+        QFETCH(bool, photoInk);
+        QFETCH(QStringList, received);
+        Setup s;
+        auto wizard = s.wizard(button, photoInk);
+        for (int step = 0; step < received.size(); ++step) {
+            QVERIFY(page(*wizard)->isCommitPage());
+            if (wizard->findChild<QComboBox*>("row1") && step == 1)
+                choosePatterns(*wizard);
+            commit(*wizard);
+            QCOMPARE(page(*wizard)->failure(), QString());
+        }
+        QVERIFY(wizard->currentPage()->isFinalPage());
+        QTRY_COMPARE(s.actions(), received);
+        QCOMPARE(s.sentSettings(), QStringList()); // nothing went the settings way
+    }
+
+    void presses_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::newRow("test page") << "PrintQualityReport";
+        QTest::newRow("cleaning") << "CleanCartridgesDeep";
+        QTest::newRow("align") << "AlignCartridgesManual";
+        QTest::newRow("align with scanner") << "AlignCartridgesScanXml";
+    }
+    void presses()
+    {
+        QFETCH(QString, button);
+        Setup s;
+        auto wizard = s.wizard(button, true);
+        commit(*wizard);
+        QVERIFY(wizard->currentPage()->isFinalPage());
+        QCOMPARE(s.sentSettings(), QStringList{button + "=PRESSED"});
+        QTRY_COMPARE(s.actions(), QStringList{"button <" + button + "> pressed"});
+    }
+
+    void failures_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<int>("goneAfter"); // steps that succeed before the printer goes
+        QTest::addColumn<bool>("reject");
+        QTest::addColumn<bool>("inkFail");
+        QTest::addColumn<QString>("reason");
+        const QString gone = "could not be opened";
+        QTest::newRow("gone before the test page")
+            << "PrintTestPage" << 0 << false << false << gone;
+        QTest::newRow("gone between alignment pages")
+            << "AlignCartridges" << 1 << false << false << gone;
+        QTest::newRow("gone before a press")
+            << "CleanCartridgesDeep" << 0 << false << false << "did not accept the request";
+        QTest::newRow("press refused")
+            << "PrintQualityReport" << -1 << true << false << "did not accept the request";
+        QTest::newRow("scan failed")
+            << "AlignCartridgesScan" << 1 << false << true << "could not read the alignment page";
+    }
+    void failures()
+    {
+        QFETCH(QString, button);
+        QFETCH(int, goneAfter);
+        QFETCH(bool, reject);
+        QFETCH(bool, inkFail);
+        QFETCH(QString, reason);
+        VirtualPrinterOptions options;
+        options.rejectChanges = reject;
+        options.inkFail = inkFail;
+        Setup s(options);
+        auto wizard = s.wizard(button, false);
+        for (int step = 0; step < goneAfter; ++step)
+            commit(*wizard);
+        if (goneAfter >= 0 && !inkFail)
+            s.printer.reset();
+        if (wizard->findChild<QComboBox*>("row1"))
+            choosePatterns(*wizard);
+        const int stuck = wizard->currentId();
+        commit(*wizard);
+        QCOMPARE(wizard->currentId(), stuck);
+        QVERIFY(page(*wizard)->failure().contains(reason));
+        QVERIFY(page(*wizard)->failure().contains("try again"));
+        QVERIFY(!wizard->currentPage()->isFinalPage());
+        if (auto* row1 = wizard->findChild<QComboBox*>("row1"))
+            QCOMPARE(row1->currentText(), "A"); // the choice survives the failure
+    }
+
+    // Ink blocks and settings requests share the stream without being mistaken for each other.
+    void parserKeepsCommandsApart_data()
+    {
+        const QByteArray padding(16, '\0');
+        QTest::addColumn<QByteArrayList>("pieces");
+        QTest::addColumn<QStringList>("requests");
+        QTest::newRow("block, then request")
+            << QByteArrayList{padding + "@TIJCLEN0" + TAVCommand::tav("ALL?")}
+            << QStringList{"ink:16:@TIJCLEN0", "tav:0:ALL?"};
+        QTest::newRow("block in pieces") << QByteArrayList{padding + "@T", "IJASET3", "ACE"}
+                                         << QStringList{"ink:16:@TIJASET3ACE"};
+        QTest::newRow("marker inside a change document")
+            << QByteArrayList{TAVCommand::tav("<a v='@TIJTPAG0'/>")}
+            << QStringList{"tav:0:<a v='@TIJTPAG0'/>"};
+        QTest::newRow("bad count skipped")
+            << QByteArrayList{"@TIJTPAGx" + TAVCommand::tav("DATA")} << QStringList{"tav:0:DATA"};
+    }
+    void parserKeepsCommandsApart()
+    {
+        QFETCH(QByteArrayList, pieces);
+        QFETCH(QStringList, requests);
+        RequestParser parser;
+        QStringList seen;
+        PrinterRequest request;
+        for (const QByteArray& piece : pieces) {
+            parser.feed(piece.constData(), int(piece.size()));
+            while (parser.next(request))
+                seen << QStringLiteral("%1:%2:%3")
+                            .arg(request.framing == PrinterRequest::Ink ? "ink" : "tav")
+                            .arg(request.padding)
+                            .arg(QString::fromLatin1(request.data));
+        }
+        QCOMPARE(seen, requests);
+    }
+
+    void cleaningOffersTestPage()
+    {
+        Setup s;
+        InkCleanWizard wizard(s.configurator.get(), "CleanCartridges");
+        wizard.show();
+        commit(wizard);
+        wizard.button(QWizard::FinishButton)->click();
+        QVERIFY(wizard.testPageWanted());
+        InkCleanWizard declined(s.configurator.get(), "CleanCartridges");
+        declined.show();
+        commit(declined);
+        declined.findChild<QAbstractButton*>("testPageBox")->click();
+        declined.button(QWizard::FinishButton)->click();
+        QVERIFY(!declined.testPageWanted());
+    }
+};
+
+QTEST_MAIN(TestInkWizards)
+#include "TestInkWizards.moc"
