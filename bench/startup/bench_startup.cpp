@@ -15,8 +15,9 @@
 
 // Start-up time: from starting the process to its dialog's window first exposed, for tav on
 // the sample laser MFP and on a 10,000-setting specification (both served by the virtual
-// printer), beside a bare Qt dialog started in the same run. Rounds alternate the three so
-// that the machine's noise falls on all of them alike.
+// printer), beside a bare Qt dialog started in the same run and the raw DOM parse of the large
+// specification in a fresh process. Rounds alternate them so that the machine's noise falls on
+// all of them alike.
 namespace {
 
 constexpr int kRounds = 5;
@@ -75,7 +76,8 @@ double startToExpose(WindowWatch& watch, const Program& program)
     return shown ? ms : -1;
 }
 
-double parseMs(const QByteArray& text)
+// The raw parse in this process, warm: the allocator reuses memory the earlier rounds mapped.
+double warmParseMs(const QByteArray& text)
 {
     std::vector<double> times;
     for (int i = 0; i < kRounds; ++i) {
@@ -86,6 +88,19 @@ double parseMs(const QByteArray& text)
         times.push_back(clock.nsecsElapsed() / 1e6);
     }
     return median(times);
+}
+
+// The raw parse in a fresh process, as tav meets it at start: every page of the document's
+// tree is touched for the first time, which costs several times the parse itself here.
+double freshParseMs(const QString& file)
+{
+    QProcess process;
+    process.start(QStringLiteral(TAV_BIN_DIR "/../bench/raw-parse"), {file});
+    if (!process.waitForFinished(60000) || process.exitCode() != 0)
+        return -1;
+    bool ok = false;
+    const double ms = process.readAllStandardOutput().trimmed().toDouble(&ok);
+    return ok ? ms : -1;
 }
 
 } // namespace
@@ -117,7 +132,13 @@ int main(int argc, char** argv)
         {tav, {laserLink, QStringLiteral("Bench Laser")}, "Bench Laser"},
         {tav, {largeLink, QStringLiteral("Bench Large")}, "Bench Large"}};
     std::vector<std::vector<double>> times(programs.size());
+    std::vector<double> freshParses;
     for (int round = 0; round < kRounds; ++round) {
+        freshParses.push_back(freshParseMs(file.fileName()));
+        if (freshParses.back() < 0) {
+            std::fprintf(stderr, "bench_startup: the raw parse failed\n");
+            return 1;
+        }
         for (size_t i = 0; i < programs.size(); ++i) {
             const double ms = startToExpose(watch, programs[i]);
             if (ms < 0) {
@@ -131,12 +152,16 @@ int main(int argc, char** argv)
     const double bare = median(times[0]);
     const double laser = median(times[1]);
     const double big = median(times[2]);
-    const double parse = parseMs(large);
+    const double warmParse = warmParseMs(large);
+    const double freshParse = median(freshParses);
     std::printf("start to dialog shown, median of %d (ms): bare Qt dialog %.1f, sample MFP %.1f, "
-                "%d settings %.1f; raw parse of those %.1f\n",
-                kRounds, bare, laser, kLargeSettings, big, parse);
+                "%d settings %.1f; raw parse of those %.1f in a fresh process, %.1f warm\n",
+                kRounds, bare, laser, kLargeSettings, big, freshParse, warmParse);
     std::printf("sample MFP / bare dialog: %.2fx (target <= 2x)\n", laser / bare);
-    std::printf("%d settings / (bare dialog + raw parse): %.2fx (target <= 3x)\n", kLargeSettings,
-                big / (bare + parse));
+    std::printf(
+        "%d settings / (bare dialog + raw parse in a fresh process): %.2fx (target <= 3x)\n",
+        kLargeSettings, big / (bare + freshParse));
+    std::printf("%d settings / (bare dialog + warm raw parse): %.2fx\n", kLargeSettings,
+                big / (bare + warmParse));
     return 0;
 }
