@@ -42,30 +42,26 @@ private slots:
 void TestSettingsParser::rootChoice_data()
 {
     QTest::addColumn<QString>("document");
-    QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("rootId");
-    QTest::newRow("printer settings")
-        << "<root><PrinterSettingsInfo><A TYPE=\"INTEGER\"/></PrinterSettingsInfo></root>"
-        << "root/PrinterSettingsInfo"
-        << "PrinterSettingsInfo";
-    QTest::newRow("ids") << "<root><IDSInfo><A TYPE=\"INTEGER\"/></IDSInfo></root>"
-                         << "root/IDSInfo"
-                         << "IDSInfo";
-    QTest::newRow("both: IDSInfo wins")
-        << "<root><PrinterSettingsInfo/><IDSInfo><B TYPE=\"INTEGER\"/></IDSInfo></root>"
-        << "root/IDSInfo"
-        << "IDSInfo";
+    const char* rows[][3] = {
+        {"printer settings", "<PrinterSettingsInfo><A TYPE='INTEGER'/></PrinterSettingsInfo>",
+         "PrinterSettingsInfo"},
+        {"ids", "<IDSInfo><A TYPE='INTEGER'/></IDSInfo>", "IDSInfo"},
+        {"both: IDSInfo wins", "<PrinterSettingsInfo/><IDSInfo><B TYPE='INTEGER'/></IDSInfo>",
+         "IDSInfo"},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row[0]) << QString("<root>%1</root>").arg(row[1]) << QString(row[2]);
 }
 
 void TestSettingsParser::rootChoice()
 {
     QFETCH(QString, document);
-    QFETCH(QString, path);
     QFETCH(QString, rootId);
     SettingsParser parser;
     QVERIFY(parser.setContent(document));
     QVERIFY(parser.readPrinterSettings());
-    QCOMPARE(parser.getCurrentPath(), path);
+    QCOMPARE(parser.getCurrentPath(), "root/" + rootId);
     QVERIFY(parser.root());
     QCOMPARE(parser.root()->id(), rootId);
     QCOMPARE(parser.root()->typeName(), QString("stGroup"));
@@ -96,76 +92,42 @@ void TestSettingsParser::invalidDocument()
     QCOMPARE(capture.text().count("SettingsParser is invalid"), 4);
 }
 
+// The kind built from a TYPE keyword, with the firmware workarounds that go by id.
 void TestSettingsParser::builtType_data()
 {
     QTest::addColumn<QString>("setting");
     QTest::addColumn<QString>("id");
     QTest::addColumn<QString>("typeName");
     QTest::addColumn<QString>("className");
-    QTest::newRow("no TYPE is a group") << "<G><A TYPE=\"INTEGER\"/></G>"
-                                        << "G"
-                                        << "stGroup"
-                                        << "ComplexElement";
-    QTest::newRow("empty TYPE is a group") << "<G TYPE=\"\"/>"
-                                           << "G"
-                                           << "stGroup"
-                                           << "ComplexElement";
-    QTest::newRow("SUBGROUP") << "<G TYPE=\"SUBGROUP\"/>"
-                              << "G"
-                              << "stGroup"
-                              << "ComplexElement";
-    QTest::newRow("DateTime EDITBOX") << "<DateTime TYPE=\"EDITBOX\" CURRENT=\"2007-03-05 17:09\"/>"
-                                      << "DateTime"
-                                      << "stDateTIme"
-                                      << "DateTimeElement";
-    QTest::newRow("TollSaveStartTime EDITBOX") << "<TollSaveStartTime TYPE=\"EDITBOX\"/>"
-                                               << "TollSaveStartTime"
-                                               << "stDateTIme"
-                                               << "DateTimeElement";
-    QTest::newRow("other EDITBOX") << "<Name TYPE=\"EDITBOX\"/>"
-                                   << "Name"
-                                   << "stEdit"
-                                   << "EditElement";
-    QTest::newRow("EasyWirelessSettings BUTTON") << "<EasyWirelessSettings TYPE=\"BUTTON\"/>"
-                                                 << "EasyWirelessSettings"
-                                                 << "stWirelessSetup"
-                                                 << "WirelessSetupElement";
-    QTest::newRow("WirelessSetting BUTTON") << "<WirelessSetting TYPE=\"BUTTON\"/>"
-                                            << "WirelessSetting"
-                                            << "stWirelessSetup"
-                                            << "WirelessSetupElement";
-    QTest::newRow("other BUTTON") << "<Press TYPE=\"BUTTON\"/>"
-                                  << "Press"
-                                  << "stButton"
-                                  << "ButtonElement";
-    QTest::newRow("SubnetMask IPADDRESS") << "<SubnetMask TYPE=\"IPADDRESS\"/>"
-                                          << "SubnetMask"
-                                          << "stSubnetMask"
-                                          << "SubnetMaskElement";
-    QTest::newRow("Gateway IPADDRESS") << "<Gateway TYPE=\"IPADDRESS\"/>"
-                                       << "Gateway"
-                                       << "stIPAddress"
-                                       << "IPAddressElement";
-    QTest::newRow("CHECKBOX") << "<C TYPE=\"CHECKBOX\"/>"
-                              << "C"
-                              << "stCheckbox"
-                              << "ListElement";
-    QTest::newRow("PAPERSIZE") << "<P TYPE=\"PAPERSIZE\"/>"
-                               << "P"
-                               << "stPaperSize"
-                               << "PaperSizeElement";
-    QTest::newRow("TABLE") << "<T TYPE=\"TABLE\"/>"
-                           << "T"
-                           << "stTable"
-                           << "TableElement";
-    QTest::newRow("clean without suffix") << "<K TYPE=\"CARTRIDGE_CLEAN_HP_INK\"/>"
-                                          << "K"
-                                          << "stInkCartridgeClean"
-                                          << "InkCartridgeCleanElement";
-    QTest::newRow("SUPPORTED lower-case false kept") << "<A TYPE=\"INTEGER\" SUPPORTED=\"false\"/>"
-                                                     << "A"
-                                                     << "stInteger"
-                                                     << "NumericElement";
+    const char* rows[][4] = {
+        {"<G><A TYPE='INTEGER'/></G>", "G", "stGroup", "ComplexElement"},
+        {"<G TYPE=''/>", "G", "stGroup", "ComplexElement"},
+        {"<G TYPE='SUBGROUP'/>", "G", "stGroup", "ComplexElement"},
+        {"<DateTime TYPE='EDITBOX' CURRENT='2007-03-05 17:09'/>", "DateTime", "stDateTIme",
+         "DateTimeElement"},
+        {"<TollSaveStartTime TYPE='EDITBOX'/>", "TollSaveStartTime", "stDateTIme",
+         "DateTimeElement"},
+        {"<TollSaveEndTime TYPE='EDITBOX'/>", "TollSaveEndTime", "stDateTIme", "DateTimeElement"},
+        {"<Datetime TYPE='EDITBOX'/>", "Datetime", "stEdit", "EditElement"},
+        {"<Name TYPE='EDITBOX'/>", "Name", "stEdit", "EditElement"},
+        {"<EasyWirelessSettings TYPE='BUTTON'/>", "EasyWirelessSettings", "stWirelessSetup",
+         "WirelessSetupElement"},
+        {"<WirelessSetting TYPE='BUTTON'/>", "WirelessSetting", "stWirelessSetup",
+         "WirelessSetupElement"},
+        {"<Press TYPE='BUTTON'/>", "Press", "stButton", "ButtonElement"},
+        {"<SubnetMask TYPE='IPADDRESS'/>", "SubnetMask", "stSubnetMask", "SubnetMaskElement"},
+        {"<Gateway TYPE='IPADDRESS'/>", "Gateway", "stIPAddress", "IPAddressElement"},
+        {"<C TYPE='CHECKBOX'/>", "C", "stCheckbox", "ListElement"},
+        {"<P TYPE='PAPERSIZE'/>", "P", "stPaperSize", "PaperSizeElement"},
+        {"<T TYPE='TABLE'/>", "T", "stTable", "TableElement"},
+        {"<K TYPE='CARTRIDGE_CLEAN_HP_INK'/>", "K", "stInkCartridgeClean",
+         "InkCartridgeCleanElement"},
+        {"<A TYPE='INTEGER' SUPPORTED='false'/>", "A", "stInteger", "NumericElement"},
+        {"<wifidirectsetting TYPE='INTEGER'/>", "wifidirectsetting", "stInteger", "NumericElement"},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row[0]) << QString(row[0]) << QString(row[1]) << QString(row[2])
+                              << QString(row[3]);
 }
 
 void TestSettingsParser::builtType()
@@ -188,28 +150,22 @@ void TestSettingsParser::skippedNodes_data()
     QTest::addColumn<QString>("setting");
     QTest::addColumn<QString>("id");
     QTest::addColumn<QString>("logLine");
-    QTest::newRow("unknown keyword") << "<A TYPE=\"WHATEVER\"><Inner TYPE=\"INTEGER\"/></A>"
-                                     << "A"
-                                     << "Warning: skipping element with unexpected TYPE='WHATEVER'";
-    QTest::newRow("keyword case matters") << "<A TYPE=\"integer\"/>"
-                                          << "A"
-                                          << "Warning: skipping element with unexpected "
-                                             "TYPE='integer'";
-    QTest::newRow("MAINTENANCE") << "<A TYPE=\"MAINTENANCE\"/>"
-                                 << "A"
-                                 << "Warning: skipping element with unexpected "
-                                    "TYPE='MAINTENANCE'";
-    QTest::newRow("WIFIDirectSetting") << "<WIFIDirectSetting TYPE=\"INTEGER\"/>"
-                                       << "WIFIDirectSetting"
-                                       << "Element <WIFIDirectSetting> is ignored";
-    QTest::newRow("WiFiDirectSetting") << "<WiFiDirectSetting/>"
-                                       << "WiFiDirectSetting"
-                                       << "Element <WiFiDirectSetting> is ignored";
-    QTest::newRow("RestoreNetwork") << "<RestoreNetwork TYPE=\"BUTTON\"/>"
-                                    << "RestoreNetwork"
-                                    << "Element <RestoreNetwork> is ignored";
-    QTest::newRow("unsupported group") << "<A SUPPORTED=\"FALSE\"><Inner TYPE=\"INTEGER\"/></A>"
-                                       << "A" << QString();
+    const char* rows[][3] = {
+        {"<A TYPE='WHATEVER'><Inner TYPE='INTEGER'/></A>", "A",
+         "Warning: skipping element with unexpected TYPE='WHATEVER'"},
+        {"<A TYPE='integer'/>", "A", "Warning: skipping element with unexpected TYPE='integer'"},
+        {"<A TYPE='MAINTENANCE'/>", "A",
+         "Warning: skipping element with unexpected TYPE='MAINTENANCE'"},
+        {"<A TYPE='UNKNOWN'/>", "A", "Warning: skipping element with unexpected TYPE='UNKNOWN'"},
+        {"<WIFIDirectSetting TYPE='INTEGER'/>", "WIFIDirectSetting",
+         "Element <WIFIDirectSetting> is ignored"},
+        {"<WiFiDirectSetting/>", "WiFiDirectSetting", "Element <WiFiDirectSetting> is ignored"},
+        {"<RestoreNetwork TYPE='BUTTON'/>", "RestoreNetwork",
+         "Element <RestoreNetwork> is ignored"},
+        {"<A SUPPORTED='FALSE'><Inner TYPE='INTEGER'/></A>", "A", ""},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row[0]) << QString(row[0]) << QString(row[1]) << QString(row[2]);
 }
 
 void TestSettingsParser::skippedNodes()
@@ -219,7 +175,7 @@ void TestSettingsParser::skippedNodes()
     QFETCH(QString, logLine);
     StderrCapture capture;
     const auto parser =
-        SpecText::read(setting + QStringLiteral("<Kept TYPE=\"INTEGER\" CURRENT=\"1\"/>"));
+        SpecText::read(setting + QStringLiteral("<Kept TYPE='INTEGER' CURRENT='1'/>"));
     const QByteArray log = capture.text();
     QVERIFY(!parser->findElement(id));
     QVERIFY(!parser->findElement("Inner"));
@@ -250,14 +206,9 @@ void TestSettingsParser::textsFromString_data()
     QTest::addColumn<QString>("setting");
     QTest::addColumn<QString>("string");
     QTest::addColumn<QString>("title");
-    QTest::newRow("no STRING") << "<A TYPE=\"INTEGER\"/>"
-                               << "A"
-                               << "A";
-    QTest::newRow("empty STRING") << "<A TYPE=\"INTEGER\" STRING=\"\"/>"
-                                  << ""
-                                  << "A";
-    QTest::newRow("STRING") << "<A TYPE=\"INTEGER\" STRING=\"Copies\"/>"
-                            << "Copies"
+    QTest::newRow("no STRING") << "<A TYPE='INTEGER'/>" << QString("A") << QString("A");
+    QTest::newRow("empty STRING") << "<A TYPE='INTEGER' STRING=''/>" << QString("") << "A";
+    QTest::newRow("STRING") << "<A TYPE='INTEGER' STRING='Copies'/>" << QString("Copies")
                             << "Copies";
 }
 
