@@ -1,9 +1,15 @@
 #include "SpecText.h"
 
 #include "ChangeGenerator.h"
-#include "ConcreteElement.h"
-#include "ElementType.h"
+#include "DateTimeElement.h"
+#include "DialEditElement.h"
+#include "EditElement.h"
+#include "IPAddressElement.h"
+#include "ListElement.h"
+#include "NumericElement.h"
+#include "Parameter.h"
 #include "SettingsParser.h"
+#include "SubnetMaskElement.h"
 
 #include <QDomDocument>
 #include <QtTest>
@@ -34,6 +40,8 @@ private slots:
     void buttonInsideTableAndForm();
     void unknownOrPlainIdGivesNothing();
     void describeKinds();
+    void everySettingOfSamples_data();
+    void everySettingOfSamples();
 };
 
 const QString TestChangeGenerator::kHeader =
@@ -210,6 +218,81 @@ void TestChangeGenerator::describeKinds()
     const QDomElement empty = generator.createDescription(parser->findElement("N"));
     QVERIFY(empty.hasAttribute("CURRENT"));
     QCOMPARE(empty.tagName(), QString("N"));
+}
+
+namespace {
+
+// A value other than the current one that the setting accepts; null when none is at hand.
+QString newValue(ConcreteElement* element)
+{
+    if (auto* list = qobject_cast<ListElement*>(element)) {
+        for (const Parameter* parameter : list->parameters()) {
+            if (parameter->id() != element->current())
+                return parameter->id();
+        }
+    } else if (auto* number = qobject_cast<NumericElement*>(element)) {
+        return number->min().isEmpty() ? QString("1") : number->min();
+    } else if (qobject_cast<SubnetMaskElement*>(element)) {
+        return "255.255.0.0";
+    } else if (qobject_cast<IPAddressElement*>(element)) {
+        return "10.1.2.3";
+    } else if (qobject_cast<DateTimeElement*>(element)) {
+        return "2021-02-03 04:05";
+    } else if (qobject_cast<EditElement*>(element) || qobject_cast<DialEditElement*>(element)) {
+        for (const char* candidate : {"12", "ab", "Z"}) {
+            if (ConcreteElement::matchesPattern(element->validationPattern(), candidate))
+                return candidate;
+        }
+    }
+    return QString();
+}
+
+struct Changed
+{
+    SettingsParser* parser;
+    QStringList settings; // "id=value" in tree order
+};
+
+bool changeEach(Element* element, void* data)
+{
+    auto* changed = static_cast<Changed*>(data);
+    auto* setting = qobject_cast<ConcreteElement*>(element);
+    // Only settings that their id names unambiguously.
+    if (!setting || changed->parser->findElement(element->id()) != element)
+        return true;
+    const QString value = newValue(setting);
+    if (!value.isNull() && value != setting->current()) {
+        setting->valueChange(value);
+        changed->settings.append(element->id() + "=" + value);
+    }
+    return true;
+}
+
+} // namespace
+
+void TestChangeGenerator::everySettingOfSamples_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("laser") << QStringLiteral(TAV_DATA_DIR "/laser_mfp.xml");
+    QTest::newRow("inkjet") << QStringLiteral(TAV_DATA_DIR "/inkjet_mfp.xml");
+}
+
+// Every kind of setting, table cells and form settings included, reports its new value under
+// its id; once the changes are taken nothing is left to report.
+void TestChangeGenerator::everySettingOfSamples()
+{
+    QFETCH(QString, file);
+    SettingsParser parser;
+    QFile input(file);
+    QVERIFY(parser.open(&input));
+    QVERIFY(parser.readPrinterSettings());
+    Changed changed{&parser, {}};
+    parser.enumerateElements(changeEach, &changed);
+    QVERIFY(changed.settings.size() >= 10);
+    QCOMPARE(reported(parser.getChanges(QString()), parser.getCurrentPath().section('/', 1)),
+             changed.settings);
+    parser.enumerateElements(acceptChanges, nullptr);
+    QCOMPARE(parser.getChanges(QString()), kHeader);
 }
 
 QTEST_MAIN(TestChangeGenerator)
