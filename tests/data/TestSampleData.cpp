@@ -1,6 +1,5 @@
 #include "Attribute.h"
 #include "CapabilityLookup.h"
-#include "CapabilityParser.h"
 #include "ComplexElement.h"
 #include "ConcreteElement.h"
 #include "ConditionNode.h"
@@ -24,16 +23,16 @@ namespace {
 const QString kData = QStringLiteral(TAV_DATA_DIR "/");
 const QString kShare = QStringLiteral(TAV_SOURCE_DIR "/share/");
 
-std::unique_ptr<SettingsParser> read(const QString& path)
+std::unique_ptr<SettingsParser> read(const QString& name)
 {
     auto parser = std::make_unique<SettingsParser>();
-    QFile file(path);
+    QFile file(kData + name);
     parser->open(&file);
     parser->readPrinterSettings();
     return parser;
 }
 
-// Every element the reader built, containers and table cells included.
+// Every element the reader built below `element`, containers and table cells included.
 void collect(Element* element, QList<Element*>* all)
 {
     all->append(element);
@@ -50,80 +49,47 @@ void collect(Element* element, QList<Element*>* all)
     }
 }
 
-QList<Element*> elementsOf(const SettingsParser& parser)
+QStringList parameterIds(const Element* element)
 {
-    QList<Element*> all;
-    if (parser.root())
-        collect(parser.root(), &all);
-    return all;
-}
-
-bool hasParameter(const Element* element, const QString& id)
-{
-    const auto* list = qobject_cast<const ListElement*>(element);
-    if (!list)
-        return false;
-    for (const Parameter* parameter : list->parameters()) {
-        if (parameter->id() == id)
-            return true;
+    QStringList ids;
+    if (const auto* list = qobject_cast<const ListElement*>(element)) {
+        for (const Parameter* parameter : list->parameters())
+            ids.append(parameter->id());
     }
-    return false;
+    return ids;
 }
 
 } // namespace
 
-// The shipped samples, capability list and translations, read by the program's own readers:
-// other tests, the demo and the virtual printer rely on them.
+// The shipped samples, dependencies.xml, capability list and translations, read by the
+// program's own readers: other tests, the demo and the virtual printer rely on them.
 class TestSampleData : public QObject
 {
     Q_OBJECT
 
+    std::unique_ptr<SettingsParser> laser = read("laser_mfp.xml");
+    std::unique_ptr<SettingsParser> inkjet = read("inkjet_mfp.xml");
+    QList<Element*> laserElements, inkjetElements;
+
 private slots:
-    void everyFileParses_data()
+    void initTestCase()
     {
-        QTest::addColumn<QString>("path");
-        for (const char* name : {"laser_mfp.xml", "inkjet_mfp.xml", "dependencies.xml"})
-            QTest::newRow(name) << kData + name;
-        for (const char* name :
-             {"capabilities.xml", "translation/en/tav_en.xml", "translation/de/tav_de.xml"})
-            QTest::newRow(name) << kShare + name;
-    }
-    void everyFileParses()
-    {
-        QFETCH(QString, path);
-        QFile file(path);
-        if (path.contains("/translation/")) {
-            const Translator translator(path);
-            QVERIFY2(translator.isValid(), qPrintable(translator.errorText()));
-            QVERIFY(translator.messages().hasChildNodes());
-        } else if (path.endsWith("capabilities.xml")) {
-            CapabilityParser parser;
-            QVERIFY(parser.open(&file));
-            QVERIFY(parser.parse().size() > 2);
-        } else if (path.endsWith("dependencies.xml")) {
-            DomParser parser;
-            QVERIFY(parser.open(&file));
-            QVERIFY(parser.find("root/Dependencies").hasChildNodes());
-        } else {
-            SettingsParser parser;
-            QVERIFY(parser.open(&file));
-            QVERIFY(parser.readPrinterSettings());
-            QCOMPARE(parser.isIdsRoot(), path.contains("inkjet"));
-        }
+        QVERIFY(laser->root() && !laser->isIdsRoot());
+        QVERIFY(inkjet->root() && inkjet->isIdsRoot());
+        collect(laser->root(), &laserElements);
+        collect(inkjet->root(), &inkjetElements);
     }
 
     // Ink kinds are built from the inkjet only; the laser builds every other kind.
     void samplesBuildEveryKind()
     {
-        const auto laser = read(kData + "laser_mfp.xml");
-        const auto inkjet = read(kData + "inkjet_mfp.xml");
         QSet<int> laserKinds, inkjetKinds;
         int settings = 0;
-        for (const Element* element : elementsOf(*laser)) {
+        for (const Element* element : std::as_const(laserElements)) {
             laserKinds.insert(element->type());
             settings += element->isComplex() ? 0 : 1;
         }
-        for (const Element* element : elementsOf(*inkjet))
+        for (const Element* element : std::as_const(inkjetElements))
             inkjetKinds.insert(element->type());
         QVERIFY2(settings >= 150, qPrintable(QString::number(settings)));
         for (int type = etAbout; type <= kLastElementType; ++type) {
@@ -134,56 +100,55 @@ private slots:
         }
     }
 
-    // The one value the dialog refuses (README: the start-up report shows it) and no other:
-    // every other value is within its setting's rules as read.
+    // The one value the dialog refuses (the demo's start-up report shows it) and no other.
     void oneValueRefusedWhenRead()
     {
         QStringList refused;
-        for (const char* name : {"laser_mfp.xml", "inkjet_mfp.xml"}) {
-            const auto parser = read(kData + name);
-            for (Element* element : elementsOf(*parser)) {
-                auto* setting = qobject_cast<ConcreteElement*>(element);
-                if (setting && setting->isChanged())
-                    refused.append(setting->id());
-            }
+        for (Element* element : laserElements + inkjetElements) {
+            auto* setting = qobject_cast<ConcreteElement*>(element);
+            if (setting && setting->isChanged())
+                refused.append(setting->id());
         }
         QCOMPARE(refused, QStringList{"DepartmentName"});
     }
 
+    // The laser's declarations come with dependencies.xml merged in.
     void dependencyIdsExist_data()
     {
-        QTest::addColumn<QString>("sample");
-        QTest::addColumn<bool>("withFile"); // dependencies.xml merged in
-        QTest::newRow("laser with dependencies.xml") << "laser_mfp.xml" << true;
-        QTest::newRow("inkjet") << "inkjet_mfp.xml" << false;
+        QTest::addColumn<bool>("isLaser");
+        QTest::newRow("laser with dependencies.xml") << true;
+        QTest::newRow("inkjet") << false;
     }
     void dependencyIdsExist()
     {
-        QFETCH(QString, sample);
-        QFETCH(bool, withFile);
+        QFETCH(bool, isLaser);
+        SettingsParser& parser = isLaser ? *laser : *inkjet;
         QTemporaryDir empty;
         const QString before = QDir::currentPath();
-        QVERIFY(QDir::setCurrent(withFile ? kData : empty.path()));
-        const auto parser = read(kData + sample);
-        const bool read = parser->readDependencies();
+        QVERIFY(QDir::setCurrent(isLaser ? kData : empty.path()));
+        const bool read = parser.readDependencies();
         QDir::setCurrent(before);
         QVERIFY(read);
-        QVERIFY(parser->dependencies().size() > 1);
-        for (const Dependency* dependency : parser->dependencies()) {
+        QVERIFY(parser.dependencies().size() > 1);
+        // The merged file governs the margins.
+        if (isLaser)
+            QVERIFY(!parser.findElement("TopMargin")->dependencies().isEmpty());
+        for (const Dependency* dependency : parser.dependencies()) {
             const QString id = dependency->id();
             QVERIFY2(dependency->element(), qPrintable(id));
             for (const Constraint* constraint : dependency->constraints()) {
                 for (const Constraint::ConditionGroup& group : constraint->conditions()) {
                     for (const ConditionNode* node : group) {
-                        const QString what = id + '/' + node->tag();
+                        const QString what = id + '/' + node->tag() + '=' + node->value();
                         QVERIFY2(node->element(), qPrintable(what));
-                        if (qobject_cast<ListElement*>(node->element()))
-                            QVERIFY2(hasParameter(node->element(), node->value()),
-                                     qPrintable(what));
+                        const QStringList choices = parameterIds(node->element());
+                        QVERIFY2(choices.isEmpty() || choices.contains(node->value()),
+                                 qPrintable(what));
                     }
                 }
                 for (const QString& value : constraint->values())
-                    QVERIFY2(hasParameter(dependency->element(), value), qPrintable(id + value));
+                    QVERIFY2(parameterIds(dependency->element()).contains(value),
+                             qPrintable(id + '/' + value));
                 for (const Attribute* attribute : constraint->attributes())
                     QVERIFY2(!attribute->isReference() || attribute->referencedElement(),
                              qPrintable(id + '/' + attribute->name()));
@@ -191,29 +156,25 @@ private slots:
         }
     }
 
+    // Every key names a setting or a choice of a sample; German covers every setting.
     void translationIdsExist_data()
     {
         QTest::addColumn<QString>("language");
         QTest::newRow("en") << "en";
         QTest::newRow("de") << "de";
     }
-    // Every key names a setting or a choice of a sample; German covers every setting.
     void translationIdsExist()
     {
         QFETCH(QString, language);
         QSet<QString> settings, known;
-        for (const char* name : {"laser_mfp.xml", "inkjet_mfp.xml"}) {
-            const auto parser = read(kData + name);
-            for (const Element* element : elementsOf(*parser)) {
-                settings.insert(element->id());
-                if (const auto* list = qobject_cast<const ListElement*>(element)) {
-                    for (const Parameter* parameter : list->parameters())
-                        known.insert(parameter->id());
-                }
-            }
+        for (const Element* element : laserElements + inkjetElements) {
+            settings.insert(element->id());
+            for (const QString& id : parameterIds(element))
+                known.insert(id);
         }
         known += settings;
         const Translator translator(kShare + QString("translation/%1/tav_%1.xml").arg(language));
+        QVERIFY2(translator.isValid(), qPrintable(translator.errorText()));
         QSet<QString> keys;
         for (QDomElement m = translator.messages().firstChildElement("message"); !m.isNull();
              m = m.nextSiblingElement("message")) {
@@ -232,14 +193,10 @@ private slots:
     {
         QTest::addColumn<QString>("devName");
         QTest::addColumn<QString>("flags"); // network, buy-now button, IDS
-        QTest::newRow("laser sample") << "Tavolor_Laser_MFP_4200"
-                                      << "110";
-        QTest::newRow("inkjet sample") << "Tavolor InkJet MFP 310"
-                                       << "111";
-        QTest::newRow("everything off") << "Tavolor_Mono_Laser_2100"
-                                        << "000";
-        QTest::newRow("unlisted") << "Tavolor_Laser_MFP_9900"
-                                  << "111";
+        QTest::newRow("laser sample") << "Tavolor_Laser_MFP_4200" << QString("110");
+        QTest::newRow("inkjet sample") << "Tavolor InkJet MFP 310" << QString("111");
+        QTest::newRow("everything off") << "Tavolor_Mono_Laser_2100" << QString("000");
+        QTest::newRow("unlisted") << "Tavolor_Laser_MFP_9900" << QString("111");
     }
     void capabilities()
     {
