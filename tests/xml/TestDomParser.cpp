@@ -4,8 +4,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <random>
-
 namespace {
 
 QByteArray nested(int depth)
@@ -58,15 +56,6 @@ private slots:
         QCOMPARE(node.isNull(), name.isEmpty());
         if (!name.isEmpty())
             QCOMPARE(node.nodeName(), name);
-    }
-
-    void firstSiblingWins()
-    {
-        DomParser parser;
-        QVERIFY(parser.setContent(QString::fromLatin1(kDevices)));
-        QCOMPARE(DomParser::attribute(parser.find(QStringLiteral("root/Devices/Model")),
-                                      QStringLiteral("NAME")),
-                 QStringLiteral("first"));
     }
 
     void textHelpers()
@@ -218,22 +207,6 @@ private slots:
         }
         QVERIFY(QFileInfo(dir.filePath(QStringLiteral("deep.xml"))).size() >
                 4 * DomParser::kMaxNestingDepth);
-    }
-
-    void randomBytes()
-    {
-        std::mt19937 random(20261122);
-        std::uniform_int_distribution<int> byte(0, 255);
-        const QByteArray seed(kDevices);
-        for (int round = 0; round < 300; ++round) {
-            QByteArray data = seed;
-            for (int flips = 0; flips < 1 + round % 12; ++flips)
-                data[int(random() % uint(data.size()))] = char(byte(random));
-            DomParser parser;
-            parser.setContent(data);
-            parser.find(QStringLiteral("root/Devices/Model"));
-            parser.create(QStringLiteral("root/Dependencies"));
-        }
     }
 };
 
