@@ -55,7 +55,7 @@ private slots:
     {
         QFETCH(QString, attributes);
         QFETCH(QString, after);
-        const auto parser = SpecText::read(QStringLiteral("<N TYPE='%1/>").arg(attributes));
+        const auto parser = SpecText::read(QString("<N TYPE='%1/>").arg(attributes));
         QSignalSpy spy(numeric(*parser), &ConcreteElement::valueChanged);
         QVERIFY(numeric(*parser)->isValid());
         QCOMPARE(numeric(*parser)->current(), after);
@@ -93,7 +93,7 @@ private slots:
         QFETCH(QList<int>, shown);
         QFETCH(QString, text);
         const auto parser =
-            SpecText::read(QStringLiteral("<N STRING='Copies' TYPE='%1/>").arg(attributes));
+            SpecText::read(QString("<N STRING='Copies' TYPE='%1/>").arg(attributes));
         QWidget panel;
         numeric(*parser)->createControl(&panel);
         QCOMPARE(spinState(numeric(*parser)->control()), shown);
@@ -115,8 +115,8 @@ private slots:
         QFETCH(QString, type);
         QFETCH(QString, value);
         QFETCH(int, position);
-        const auto parser = SpecText::read(QStringLiteral("<N TYPE='%1' MIN='0' MAX='90' "
-                                                          "STEP='10' DIGITS='1' CURRENT='30'/>")
+        const auto parser = SpecText::read(QString("<N TYPE='%1' MIN='0' MAX='90' "
+                                                   "STEP='10' DIGITS='1' CURRENT='30'/>")
                                                .arg(type));
         NumericElement* element = numeric(*parser);
         QWidget panel;
@@ -223,8 +223,7 @@ private slots:
         QFETCH(int, ignored);
         StderrCapture capture;
         const auto parser = SpecText::read(
-            QStringLiteral("<N TYPE='SLIDER' MIN='0' MAX='100' STEP='5' COLORMARKER='%1'/>")
-                .arg(markers));
+            QString("<N TYPE='SLIDER' MIN='0' MAX='100' STEP='5' COLORMARKER='%1'/>").arg(markers));
         QCOMPARE(int(capture.text().count("Warning: ignoring COLORMARKER item")), ignored);
         auto* element = qobject_cast<SliderElement*>(numeric(*parser));
         QWidget panel;

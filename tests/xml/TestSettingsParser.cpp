@@ -151,8 +151,7 @@ private slots:
         QFETCH(QString, id);
         QFETCH(QString, logLine);
         StderrCapture capture;
-        const auto parser =
-            SpecText::read(setting + QStringLiteral("<Kept TYPE='INTEGER' CURRENT='1'/>"));
+        const auto parser = SpecText::read(setting + QString("<Kept TYPE='INTEGER' CURRENT='1'/>"));
         const QByteArray log = capture.text();
         QVERIFY(!parser->findElement(id));
         QVERIFY(!parser->findElement("Inner"));
@@ -262,21 +261,20 @@ private slots:
         const int depth = 4000;
         QString text;
         for (int i = 0; i < depth; ++i)
-            text += QStringLiteral("<G%1>").arg(i);
-        text += QStringLiteral("<Leaf TYPE=\"INTEGER\"/>");
+            text += QString("<G%1>").arg(i);
+        text += QString("<Leaf TYPE=\"INTEGER\"/>");
         for (int i = depth - 1; i >= 0; --i)
-            text += QStringLiteral("</G%1>").arg(i);
+            text += QString("</G%1>").arg(i);
         StderrCapture capture;
         const auto parser = SpecText::read(text);
         const QByteArray log = capture.text();
         QVERIFY(parser->root());
-        const QString cut = QStringLiteral("G%1").arg(SettingsParser::kMaxTreeDepth - 1);
-        QVERIFY(parser->findElement(QStringLiteral("G%1").arg(SettingsParser::kMaxTreeDepth - 2)));
+        const QString cut = QString("G%1").arg(SettingsParser::kMaxTreeDepth - 1);
+        QVERIFY(parser->findElement(QString("G%1").arg(SettingsParser::kMaxTreeDepth - 2)));
         QVERIFY(!parser->findElement(cut));
         QVERIFY(!parser->findElement("Leaf"));
-        QVERIFY(log.contains(QStringLiteral("Warning: element <%1> nested deeper than 256 levels")
-                                 .arg(cut)
-                                 .toUtf8()));
+        QVERIFY(log.contains(
+            QString("Warning: element <%1> nested deeper than 256 levels").arg(cut).toUtf8()));
     }
     void rereadReplacesTree()
     {
