@@ -31,7 +31,7 @@ class TestCommandLine : public QObject
 
     static const QRegularExpression& prefix()
     {
-        static const QRegularExpression re(QStringLiteral(
+        static const QRegularExpression re(QString(
             "^\\d{2}\\.\\d{2}:\\d{2}\\.\\d{3}\\|\\d+\\.[0-9A-F]+\\|[^|]+:\\d+\\|[^|]*\\| "));
         return re;
     }
@@ -41,9 +41,9 @@ private slots:
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::newRow("nothing") << QStringList();
-        QTest::newRow("one word") << QStringList{QStringLiteral("/dev/usb/lp97")};
-        QTest::newRow("help alone is still short") << QStringList{QStringLiteral("--help")};
-        QTest::newRow("debug alone") << QStringList{QStringLiteral("debug")};
+        QTest::newRow("one word") << QStringList{"/dev/usb/lp97"};
+        QTest::newRow("help alone is still short") << QStringList{"--help"};
+        QTest::newRow("debug alone") << QStringList{"debug"};
     }
 
     void shortLine()
@@ -58,11 +58,9 @@ private slots:
     void help_data()
     {
         QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("last") << QStringList{QStringLiteral("lp0"), QStringLiteral("--help")};
-        QTest::newRow("first") << QStringList{QStringLiteral("--help"), QStringLiteral("a"),
-                                              QStringLiteral("b")};
-        QTest::newRow("with debug")
-            << QStringList{QStringLiteral("debug"), QStringLiteral("--help")};
+        QTest::newRow("last") << QStringList{"lp0", "--help"};
+        QTest::newRow("first") << QStringList{"--help", "a", "b"};
+        QTest::newRow("with debug") << QStringList{"debug", "--help"};
     }
 
     void help()
@@ -77,28 +75,29 @@ private slots:
     void optionsMatchWholeEntries()
     {
         // "--HELP" and "--help=1" are device names, not the option: the program goes on.
-        const Run r = run({QStringLiteral("--HELP"), QStringLiteral("--help=1")}, kNoDevice);
+        const Run r = run({QString("--HELP"), QString("--help=1")}, kNoDevice);
         QCOMPARE(r.status, Run::kStopped);
         QVERIFY(r.err.contains("arg[1] = --HELP"));
     }
 
     void ordinaryStart()
     {
-        const Run r = run({QStringLiteral("/dev/usb/lp9"), QStringLiteral("Laser MFP")}, kNoDevice);
+        const Run r = run({QString("/dev/usb/lp9"), QString("Laser MFP")}, kNoDevice);
         QCOMPARE(r.status, Run::kStopped);
         const QStringList out = lines(r.err);
-        QVERIFY2(out.contains(QStringLiteral("arg[0] = ") + tavPath()), r.err.constData());
-        QVERIFY(out.contains(QStringLiteral("arg[1] = /dev/usb/lp9")));
-        QVERIFY(out.contains(QStringLiteral("arg[2] = Laser MFP")));
+        QVERIFY2(out.contains(QString("arg[0] = ") + tavPath()), r.err.constData());
+        QVERIFY(out.contains(QString("arg[1] = /dev/usb/lp9")));
+        QVERIFY(out.contains(QString("arg[2] = Laser MFP")));
         QVERIFY(out.contains(
-            QStringLiteral("Qt version: build: <%1> run: <%2>")
+            QString("Qt version: build: <%1> run: <%2>")
                 .arg(QString::number(QT_VERSION, 16), QString::fromLatin1(qVersion()))));
         // The working directory changes from where the program was started to its own folder.
-        const QStringList dirs = out.filter(QStringLiteral("QDir::currentDirPath=<"));
+        const QStringList dirs = out.filter(QString("QDir::currentDirPath=<"));
         QCOMPARE(dirs.size(), 2);
-        QCOMPARE(dirs.at(0), QStringLiteral("QDir::currentDirPath=<%1>").arg(QDir::tempPath()));
-        QCOMPARE(dirs.at(1), QStringLiteral("QDir::currentDirPath=<%1>")
-                                 .arg(QDir(QStringLiteral(TAV_BIN_DIR)).canonicalPath()));
+        QCOMPARE(dirs.at(0), QString("QDir::currentDirPath=<%1>").arg(QDir::tempPath()));
+        QCOMPARE(
+            dirs.at(1),
+            QString("QDir::currentDirPath=<%1>").arg(QDir(QString(TAV_BIN_DIR)).canonicalPath()));
         for (const QString& line : out)
             QVERIFY2(!prefix().match(line).hasMatch(), qPrintable(line));
         QVERIFY(!r.err.contains("_applicationFilePath"));
@@ -108,25 +107,19 @@ private slots:
     {
         // A relative device path names a file in the program's folder; a printer that is not
         // there must not turn into a plain file there.
-        const QString device =
-            QStringLiteral("lp-missing-%1").arg(QCoreApplication::applicationPid());
-        const Run r = run({device, QStringLiteral("M")}, kNoDevice);
+        const QString device = QString("lp-missing-%1").arg(QCoreApplication::applicationPid());
+        const Run r = run({device, QString("M")}, kNoDevice);
         QCOMPARE(r.status, Run::kStopped);
-        QVERIFY(!QFile::exists(QStringLiteral(TAV_BIN_DIR "/") + device));
+        QVERIFY(!QFile::exists(QString(TAV_BIN_DIR "/") + device));
     }
 
     void debugAnywhere_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<int>("debugIndex");
-        QTest::newRow("after") << QStringList{QStringLiteral("/dev/usb/lp97"), QStringLiteral("M"),
-                                              QStringLiteral("debug")}
-                               << 3;
-        QTest::newRow("first") << QStringList{QStringLiteral("debug"),
-                                              QStringLiteral("/dev/usb/lp97"), QStringLiteral("M")}
-                               << 1;
-        QTest::newRow("as devName")
-            << QStringList{QStringLiteral("/dev/usb/lp97"), QStringLiteral("debug")} << 2;
+        QTest::newRow("after") << QStringList{"/dev/usb/lp97", "M", "debug"} << 3;
+        QTest::newRow("first") << QStringList{"debug", "/dev/usb/lp97", "M"} << 1;
+        QTest::newRow("as devName") << QStringList{"/dev/usb/lp97", "debug"} << 2;
     }
 
     void debugAnywhere()
@@ -139,10 +132,10 @@ private slots:
         QVERIFY(!out.isEmpty());
         // The first line carries the prefix: the level rose before anything was logged.
         QVERIFY2(prefix().match(out.first()).hasMatch(), qPrintable(out.first()));
-        for (const QString& line : out.filter(QStringLiteral("arg[")))
+        for (const QString& line : out.filter(QString("arg[")))
             QVERIFY2(prefix().match(line).hasMatch(), qPrintable(line));
-        QVERIFY(r.err.contains(QStringLiteral("| arg[%1] = debug\n").arg(debugIndex).toLatin1()));
-        QVERIFY(r.err.contains(QStringLiteral("| _applicationFilePath='%1'\n")
+        QVERIFY(r.err.contains(QString("| arg[%1] = debug\n").arg(debugIndex).toLatin1()));
+        QVERIFY(r.err.contains(QString("| _applicationFilePath='%1'\n")
                                    .arg(QFileInfo(tavPath()).canonicalFilePath())
                                    .toLocal8Bit()));
     }
@@ -150,17 +143,14 @@ private slots:
     void startedThroughPath()
     {
         QProcessEnvironment env = TavProcess::environment();
-        env.insert(QStringLiteral("PATH"), QStringLiteral("/nonexistent:") +
-                                               QStringLiteral(TAV_BIN_DIR) +
-                                               QStringLiteral(":/usr/bin"));
+        env.insert(QString("PATH"),
+                   QString("/nonexistent:") + QString(TAV_BIN_DIR) + QString(":/usr/bin"));
         // A shell that finds the program along PATH passes the bare name as argv[0].
-        const Run r =
-            TavProcess::run({QStringLiteral("-c"), QStringLiteral("exec tav lp97 M debug")},
-                            kNoDevice, QStringLiteral("/bin/sh"), env);
+        const Run r = TavProcess::run({QString("-c"), QString("exec tav lp97 M debug")}, kNoDevice,
+                                      QString("/bin/sh"), env);
         QCOMPARE(r.status, Run::kStopped);
-        QVERIFY(r.err.contains(QStringLiteral("programDir=<%1>")
-                                   .arg(QDir::cleanPath(QStringLiteral(TAV_BIN_DIR)))
-                                   .toLocal8Bit()));
+        QVERIFY(r.err.contains(
+            QString("programDir=<%1>").arg(QDir::cleanPath(QString(TAV_BIN_DIR))).toLocal8Bit()));
     }
 
     void programDir_data()
@@ -168,21 +158,20 @@ private slots:
         QTest::addColumn<QString>("argv0");
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("expected");
-        const QString bin = QStringLiteral(TAV_BIN_DIR);
+        const QString bin = QString(TAV_BIN_DIR);
         const QString cwd = QDir::currentPath();
-        QTest::newRow("absolute") << QStringLiteral("/opt/x/../tav/bin/tav") << QString()
-                                  << QStringLiteral("/opt/tav/bin");
-        QTest::newRow("relative with slash") << QStringLiteral("sub/dir/tav") << QString()
-                                             << QDir::cleanPath(cwd + QStringLiteral("/sub/dir"));
-        QTest::newRow("dot slash") << QStringLiteral("./tav") << QString() << cwd;
+        QTest::newRow("absolute") << QString("/opt/x/../tav/bin/tav") << QString()
+                                  << QString("/opt/tav/bin");
+        QTest::newRow("relative with slash")
+            << QString("sub/dir/tav") << QString() << QDir::cleanPath(cwd + QString("/sub/dir"));
+        QTest::newRow("dot slash") << QString("./tav") << QString() << cwd;
         QTest::newRow("bare, found on second PATH entry")
-            << QStringLiteral("tav")
-            << QStringLiteral("/nonexistent:") + bin + QStringLiteral(":/usr/bin")
+            << QString("tav") << QString("/nonexistent:") + bin + QString(":/usr/bin")
             << QDir::cleanPath(bin);
         QTest::newRow("bare, first PATH entry wins")
-            << QStringLiteral("sh") << QStringLiteral("/bin:/usr/bin") << QStringLiteral("/bin");
-        QTest::newRow("bare, not found") << QStringLiteral("no-such-program-here")
-                                         << QStringLiteral("/nonexistent:/also/not") << QString();
+            << QString("sh") << QString("/bin:/usr/bin") << QString("/bin");
+        QTest::newRow("bare, not found")
+            << QString("no-such-program-here") << QString("/nonexistent:/also/not") << QString();
     }
 
     void programDir()

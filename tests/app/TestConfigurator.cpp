@@ -28,9 +28,8 @@ const char kSpecification[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 QString translation(const char* title)
 {
-    return QStringLiteral(
-               "<root><Translation><message><Id>SleepTimer</Id><Value>%1</Value></message>"
-               "</Translation></root>")
+    return QString("<root><Translation><message><Id>SleepTimer</Id><Value>%1</Value></message>"
+                   "</Translation></root>")
         .arg(QString::fromUtf8(title));
 }
 
@@ -52,15 +51,12 @@ QByteArray read(const QString& path)
 struct Installation
 {
     QTemporaryDir root;
-    QString bin() const { return root.filePath(QStringLiteral("bin")); }
-    QString share(const QString& name) const
-    {
-        return root.filePath(QStringLiteral("share/") + name);
-    }
+    QString bin() const { return root.filePath(QString("bin")); }
+    QString share(const QString& name) const { return root.filePath(QString("share/") + name); }
     Installation()
     {
         QDir().mkpath(bin());
-        write(bin() + QStringLiteral("/tav.xml"), kSpecification);
+        write(bin() + QString("/tav.xml"), kSpecification);
     }
 };
 
@@ -98,7 +94,7 @@ private slots:
         QFETCH(int, kind);
         QFETCH(QByteArray, expected);
         Installation install;
-        const QString version = install.bin() + QStringLiteral("/.version");
+        const QString version = install.bin() + QString("/.version");
         if (kind == 1)
             QDir().mkpath(version); // exists, but cannot be read as a file
         if (kind == 2)
@@ -106,7 +102,7 @@ private slots:
         if (kind == 3)
             write(version, "2.1.0\nsecond line\n");
         StderrCapture capture;
-        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+        Configurator configurator(install.bin(), QString("/dev/null"),
                                   QString::fromLatin1(kDevName), true, false, false, false);
         QCOMPARE(capture.text(), expected);
     }
@@ -114,26 +110,25 @@ private slots:
     void localSpecificationIsCopied()
     {
         Installation install;
-        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+        Configurator configurator(install.bin(), QString("/dev/null"),
                                   QString::fromLatin1(kDevName), true, false, true, false);
         Element* root = configurator.getPrinterSettings();
         QVERIFY(root);
-        QCOMPARE(root->id(), QStringLiteral("PrinterSettingsInfo"));
-        QVERIFY(root->findElement(QStringLiteral("SleepTimer")));
-        QCOMPARE(read(install.bin() + QStringLiteral("/tav(Office Laser 9).xml")),
+        QCOMPARE(root->id(), QString("PrinterSettingsInfo"));
+        QVERIFY(root->findElement(QString("SleepTimer")));
+        QCOMPARE(read(install.bin() + QString("/tav(Office Laser 9).xml")),
                  QByteArray(kSpecification));
         // Decoded by the document's own encoding, not byte by byte.
-        auto* location =
-            qobject_cast<ConcreteElement*>(root->findElement(QStringLiteral("Location")));
+        auto* location = qobject_cast<ConcreteElement*>(root->findElement(QString("Location")));
         QVERIFY(location);
-        QCOMPARE(location->current(), QStringLiteral("Empfang B\u00fcro"));
+        QCOMPARE(location->current(), QString("Empfang B\u00fcro"));
     }
 
     void missingLocalSpecification()
     {
         Installation install;
-        QFile::remove(install.bin() + QStringLiteral("/tav.xml"));
-        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+        QFile::remove(install.bin() + QString("/tav.xml"));
+        Configurator configurator(install.bin(), QString("/dev/null"),
                                   QString::fromLatin1(kDevName), true, false, true, false);
         StderrCapture capture;
         QVERIFY(!configurator.getPrinterSettings());
@@ -145,12 +140,12 @@ private slots:
     void savedAfterParsing()
     {
         Installation install;
-        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+        Configurator configurator(install.bin(), QString("/dev/null"),
                                   QString::fromLatin1(kDevName), true, false, false, true);
         QVERIFY(configurator.getPrinterSettings());
-        const QByteArray saved = read(install.bin() + QStringLiteral("/tav(Office Laser 9).xml"));
+        const QByteArray saved = read(install.bin() + QString("/tav(Office Laser 9).xml"));
         // The reader's repair reached the document before it was written.
-        QVERIFY2(QRegularExpression(QStringLiteral("<SubnetMask [^>]*TYPE=\"SUBNETMASK\""))
+        QVERIFY2(QRegularExpression(QString("<SubnetMask [^>]*TYPE=\"SUBNETMASK\""))
                      .match(QString::fromUtf8(saved))
                      .hasMatch(),
                  saved.constData());
@@ -162,16 +157,13 @@ private slots:
         QTest::addColumn<QStringList>("folders");
         QTest::addColumn<QString>("title");
         QTest::newRow("German folder")
-            << QByteArray("de_DE.UTF-8") << QStringList{QStringLiteral("de"), QStringLiteral("en")}
-            << QStringLiteral("Ruhezustand nach");
+            << QByteArray("de_DE.UTF-8") << QStringList{"de", "en"} << QString("Ruhezustand nach");
         QTest::newRow("no German folder, English")
-            << QByteArray("de_DE.UTF-8") << QStringList{QStringLiteral("en")}
-            << QStringLiteral("Sleep after");
+            << QByteArray("de_DE.UTF-8") << QStringList{"en"} << QString("Sleep after");
         QTest::newRow("POSIX locale, English")
-            << QByteArray("C") << QStringList{QStringLiteral("de"), QStringLiteral("en")}
-            << QStringLiteral("Sleep after");
+            << QByteArray("C") << QStringList{"de", "en"} << QString("Sleep after");
         QTest::newRow("nothing, untranslated")
-            << QByteArray("de_DE.UTF-8") << QStringList() << QStringLiteral("Sleep timer");
+            << QByteArray("de_DE.UTF-8") << QStringList() << QString("Sleep timer");
     }
 
     void translationChoice()
@@ -182,17 +174,17 @@ private slots:
         Installation install;
         for (const QString& folder : folders) {
             const char* text = folder == QLatin1String("de") ? "Ruhezustand nach" : "Sleep after";
-            write(install.share(QStringLiteral("translation/%1/tav_%1.xml").arg(folder)),
+            write(install.share(QString("translation/%1/tav_%1.xml").arg(folder)),
                   translation(text).toUtf8());
         }
         qputenv("LC_ALL", locale);
-        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
+        Configurator configurator(install.bin(), QString("/dev/null"),
                                   QString::fromLatin1(kDevName), true, false, false, false);
         StderrCapture capture;
         Element* root = configurator.getPrinterSettings();
         const QByteArray log = capture.text();
         QVERIFY(root);
-        QCOMPARE(root->findElement(QStringLiteral("SleepTimer"))->title(), title);
+        QCOMPARE(root->findElement(QString("SleepTimer"))->title(), title);
         if (folders.isEmpty())
             QVERIFY2(log.contains("translation/en doesn't exist!!! \n"), log.constData());
     }
@@ -213,11 +205,11 @@ private slots:
         QFETCH(bool, ids);
         Installation install;
         if (listed)
-            write(install.share(QStringLiteral("capabilities.xml")),
+            write(install.share(QString("capabilities.xml")),
                   "<root><Devices><M NAME=\"Office Laser 9\" NETWORK=\"FALSE\" "
                   "IDS=\"False\"/></Devices></root>");
-        Configurator configurator(install.bin(), QStringLiteral("/dev/null"),
-                                  QStringLiteral("Office_Laser_9"), true, false, false, false);
+        Configurator configurator(install.bin(), QString("/dev/null"), QString("Office_Laser_9"),
+                                  true, false, false, false);
         QCOMPARE(configurator.capabilities().network, network);
         QCOMPARE(configurator.capabilities().ids, ids);
         QVERIFY(configurator.capabilities().buyNowButton);

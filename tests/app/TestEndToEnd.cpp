@@ -26,15 +26,15 @@ const char kDevName[] = "E2E Laser";
 QByteArray xdotool(const QStringList& arguments)
 {
     QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
+    process.start(QString("xdotool"), arguments);
     process.waitForFinished(10000);
     return process.readAllStandardOutput().trimmed();
 }
 
 QStringList windowsNamed(const QString& pattern)
 {
-    const QByteArray found = xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                      QStringLiteral("--name"), pattern});
+    const QByteArray found =
+        xdotool({QString("search"), QString("--onlyvisible"), QString("--name"), pattern});
     return QString::fromLatin1(found).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
@@ -51,9 +51,8 @@ QString waitForWindow(const QString& pattern)
 
 void pressKeys(const QString& window, const QStringList& keys)
 {
-    xdotool({QStringLiteral("windowfocus"), QStringLiteral("--sync"), window});
-    xdotool(QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("30")} +
-            keys);
+    xdotool({QString("windowfocus"), QString("--sync"), window});
+    xdotool(QStringList{"key", "--delay", "30"} + keys);
 }
 
 QByteArray readFile(const QString& path)
@@ -67,21 +66,21 @@ QByteArray readFile(const QString& path)
 struct Installation
 {
     QTemporaryDir dir;
-    QString bin = dir.filePath(QStringLiteral("bin"));
+    QString bin = dir.filePath(QString("bin"));
 
     Installation()
     {
         QDir().mkpath(bin);
-        QFile::copy(TavProcess::path(), bin + QStringLiteral("/tav"));
+        QFile::copy(TavProcess::path(), bin + QString("/tav"));
         for (const char* name : {"dependencies.xml", ".version"})
-            QFile::copy(QStringLiteral(TAV_BIN_DIR "/") + QLatin1String(name),
+            QFile::copy(QString(TAV_BIN_DIR "/") + QLatin1String(name),
                         bin + QLatin1Char('/') + QLatin1String(name));
-        QFile::link(QStringLiteral(TAV_SHARE_DIR), dir.filePath(QStringLiteral("share")));
+        QFile::link(QString(TAV_SHARE_DIR), dir.filePath(QString("share")));
     }
 
     QString writeSpecification(const QString& extra = QString()) const
     {
-        const QString path = dir.filePath(QStringLiteral("device.xml"));
+        const QString path = dir.filePath(QString("device.xml"));
         QFile file(path);
         file.open(QIODevice::WriteOnly);
         file.write(QString::fromUtf8(kSpecification).arg(extra).toUtf8());
@@ -94,14 +93,14 @@ struct Installation
     }
 
     void start(QProcess& tav, const QString& device, const QStringList& keywords = {},
-               const QString& locale = QStringLiteral("C")) const
+               const QString& locale = QString("C")) const
     {
         QProcessEnvironment env = TavProcess::environment();
-        env.insert(QStringLiteral("LC_ALL"), locale);
-        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+        env.insert(QString("LC_ALL"), locale);
+        env.insert(QString("QT_QPA_PLATFORM"), QString("xcb"));
         tav.setProcessEnvironment(env);
         tav.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        tav.start(bin + QStringLiteral("/tav"),
+        tav.start(bin + QString("/tav"),
                   QStringList{device, QString::fromLatin1(kDevName)} + keywords);
     }
 };
@@ -116,8 +115,7 @@ class TestEndToEnd : public QObject
 private slots:
     void initTestCase()
     {
-        if (qEnvironmentVariableIsEmpty("DISPLAY") ||
-            xdotool({QStringLiteral("version")}).isEmpty())
+        if (qEnvironmentVariableIsEmpty("DISPLAY") || xdotool({QString("version")}).isEmpty())
             QSKIP("needs an X server and xdotool (make check provides both)");
     }
 
@@ -127,11 +125,11 @@ private slots:
         QTest::addColumn<QString>("extra");
         QTest::addColumn<bool>("accepted");
         QTest::newRow("accepted") << QStringList() << QString() << true;
-        QTest::newRow("refused") << QStringList{QStringLiteral("--reject")} << QString() << false;
+        QTest::newRow("refused") << QStringList{"--reject"} << QString() << false;
         QTest::newRow("invalid value elsewhere")
             << QStringList()
-            << QStringLiteral("<Gateway TYPE=\"IPADDRESS\" STRING=\"Gateway\" "
-                              "CURRENT=\"300.1.1.1\"/>")
+            << QString("<Gateway TYPE=\"IPADDRESS\" STRING=\"Gateway\" "
+                       "CURRENT=\"300.1.1.1\"/>")
             << false;
     }
 
@@ -144,14 +142,14 @@ private slots:
         VirtualPrinterProcess printer(app.writeSpecification(extra), app.dir.path(), faults);
         QVERIFY(printer.isReady());
         QProcess tav;
-        app.start(tav, printer.link, {QStringLiteral("save_tav_send"), QStringLiteral("save_tav")});
+        app.start(tav, printer.link, {QString("save_tav_send"), QString("save_tav")});
         const QString dialog = waitForWindow(QString::fromLatin1(kDevName));
         QVERIFY(!dialog.isEmpty());
         QVERIFY(app.savedFile("tav(%1).xml").contains("<SleepTimer"));
 
         // Alt+S reaches the sleep timer through its caption's mnemonic; Alt+A is Apply.
-        pressKeys(dialog, {QStringLiteral("alt+s"), QStringLiteral("ctrl+a"), QStringLiteral("4"),
-                           QStringLiteral("2"), QStringLiteral("alt+a")});
+        pressKeys(dialog, {QString("alt+s"), QString("ctrl+a"), QString("4"), QString("2"),
+                           QString("alt+a")});
         if (accepted) {
             QTRY_VERIFY_WITH_TIMEOUT(printer.stateText().contains("CURRENT=\"42\""), 15000);
             const QByteArray sent = app.savedFile("tav_send(%1).xml");
@@ -159,12 +157,12 @@ private slots:
             QVERIFY(!sent.contains("Location"));
         } else {
             // The user is told, and nothing reaches the device's stored settings.
-            const QString box = waitForWindow(QStringLiteral("^Error$"));
+            const QString box = waitForWindow(QString("^Error$"));
             QVERIFY(!box.isEmpty());
-            pressKeys(box, {QStringLiteral("Return")});
+            pressKeys(box, {QString("Return")});
             QVERIFY(!printer.stateText().contains("CURRENT=\"42\""));
         }
-        pressKeys(dialog, {QStringLiteral("alt+c")});
+        pressKeys(dialog, {QString("alt+c")});
         QVERIFY(tav.waitForFinished(15000));
         QCOMPARE(tav.exitCode(), 0);
     }
@@ -183,7 +181,7 @@ private slots:
         QVERIFY(second.waitForFinished(15000));
         QCOMPARE(second.exitCode(), 0);
         QCOMPARE(windowsNamed(QString::fromLatin1(kDevName)).size(), 1);
-        pressKeys(dialog, {QStringLiteral("alt+c")});
+        pressKeys(dialog, {QString("alt+c")});
         QVERIFY(first.waitForFinished(15000));
     }
 
@@ -191,8 +189,8 @@ private slots:
     {
         QTest::addColumn<QString>("locale");
         QTest::addColumn<QString>("title");
-        QTest::newRow("English") << QStringLiteral("C") << QStringLiteral("^Error$");
-        QTest::newRow("German") << QStringLiteral("de_DE.UTF-8") << QStringLiteral("^Fehler$");
+        QTest::newRow("English") << QString("C") << QString("^Error$");
+        QTest::newRow("German") << QString("de_DE.UTF-8") << QString("^Fehler$");
     }
 
     void unreachableDeviceIsReported()
@@ -201,7 +199,7 @@ private slots:
         QFETCH(QString, title);
         Installation app;
         QProcess tav;
-        app.start(tav, app.dir.filePath(QStringLiteral("no-such-printer")), {}, locale);
+        app.start(tav, app.dir.filePath(QString("no-such-printer")), {}, locale);
         const QString box = waitForWindow(title);
         QVERIFY(!box.isEmpty());
         tav.kill();
@@ -211,18 +209,18 @@ private slots:
     void localSpecificationIsReadAndSaved()
     {
         Installation app;
-        QFile::copy(app.writeSpecification(), app.bin + QStringLiteral("/tav.xml"));
+        QFile::copy(app.writeSpecification(), app.bin + QString("/tav.xml"));
         QProcess tav;
-        app.start(tav, app.dir.filePath(QStringLiteral("no-such-printer")),
-                  {QStringLiteral("use_local_tav"), QStringLiteral("save_new_tav")});
+        app.start(tav, app.dir.filePath(QString("no-such-printer")),
+                  {QString("use_local_tav"), QString("save_new_tav")});
         const QString dialog = waitForWindow(QString::fromLatin1(kDevName));
         QVERIFY(!dialog.isEmpty());
-        QVERIFY(windowsNamed(QStringLiteral("^Error$")).isEmpty());
+        QVERIFY(windowsNamed(QString("^Error$")).isEmpty());
         // The copy is the document as read back from the element tree, written anew.
         const QByteArray saved = app.savedFile("tav(%1).xml");
         QVERIFY2(saved.contains("<SleepTimer") && saved.contains("CURRENT=\"5\""),
                  saved.constData());
-        pressKeys(dialog, {QStringLiteral("alt+c")});
+        pressKeys(dialog, {QString("alt+c")});
         QVERIFY(tav.waitForFinished(15000));
     }
 };

@@ -27,12 +27,12 @@ void writeRecorder(const QString& path)
 
 QStringList recorded(const QString& program)
 {
-    QFile file(program + QStringLiteral(".args"));
+    QFile file(program + QString(".args"));
     for (int i = 0; i < 500 && !file.exists(); ++i)
         QTest::qWait(10);
     QTest::qWait(20);
     if (!file.open(QIODevice::ReadOnly))
-        return {QStringLiteral("<nothing recorded>")};
+        return {QString("<nothing recorded>")};
     return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
@@ -47,22 +47,17 @@ private slots:
     {
         QTest::addColumn<QString>("word");
         QTest::addColumn<QString>("quoted");
-        QTest::newRow("device path")
-            << QStringLiteral("/dev/usb/lp0") << QStringLiteral("/dev/usb/lp0");
+        QTest::newRow("device path") << QString("/dev/usb/lp0") << QString("/dev/usb/lp0");
         QTest::newRow("safe punctuation")
-            << QStringLiteral("a.b_c-d:e=f,g+h@i%j") << QStringLiteral("a.b_c-d:e=f,g+h@i%j");
-        QTest::newRow("blank") << QStringLiteral("/dev/usb/my lp0")
-                               << QStringLiteral("'/dev/usb/my lp0'");
-        QTest::newRow("empty") << QString() << QStringLiteral("''");
-        QTest::newRow("single quote") << QStringLiteral("it's") << QStringLiteral("'it'\\''s'");
-        QTest::newRow("command substitution")
-            << QStringLiteral("$(id)") << QStringLiteral("'$(id)'");
-        QTest::newRow("address with & and ;")
-            << QStringLiteral("http://host/?a=1&b=2;touch /tmp/x")
-            << QStringLiteral("'http://host/?a=1&b=2;touch /tmp/x'");
-        QTest::newRow("non-ASCII")
-            << QStringLiteral("Dr\u00fccker") << QStringLiteral("'Dr\u00fccker'");
-        QTest::newRow("newline") << QStringLiteral("a\nb") << QStringLiteral("'a\nb'");
+            << QString("a.b_c-d:e=f,g+h@i%j") << QString("a.b_c-d:e=f,g+h@i%j");
+        QTest::newRow("blank") << QString("/dev/usb/my lp0") << QString("'/dev/usb/my lp0'");
+        QTest::newRow("empty") << QString() << QString("''");
+        QTest::newRow("single quote") << QString("it's") << QString("'it'\\''s'");
+        QTest::newRow("command substitution") << QString("$(id)") << QString("'$(id)'");
+        QTest::newRow("address with & and ;") << QString("http://host/?a=1&b=2;touch /tmp/x")
+                                              << QString("'http://host/?a=1&b=2;touch /tmp/x'");
+        QTest::newRow("non-ASCII") << QString("Dr\u00fccker") << QString("'Dr\u00fccker'");
+        QTest::newRow("newline") << QString("a\nb") << QString("'a\nb'");
     }
 
     void shellQuote()
@@ -74,12 +69,11 @@ private slots:
 
     void commandShape()
     {
-        QCOMPARE(launchCommand(QStringLiteral("/opt/T/WirelessSetup/bin/wirelesssetup"),
-                               {QStringLiteral("/dev/usb/lp0")}),
-                 QStringLiteral("'/opt/T/WirelessSetup/bin/wirelesssetup' /dev/usb/lp0 &"));
-        QCOMPARE(launchCommand(QStringLiteral("/a b/it's"),
-                               {QStringLiteral("x"), QStringLiteral("y z")}),
-                 QStringLiteral("'/a b/it'\\''s' x 'y z' &"));
+        QCOMPARE(launchCommand(QString("/opt/T/WirelessSetup/bin/wirelesssetup"),
+                               {QString("/dev/usb/lp0")}),
+                 QString("'/opt/T/WirelessSetup/bin/wirelesssetup' /dev/usb/lp0 &"));
+        QCOMPARE(launchCommand(QString("/a b/it's"), {QString("x"), QString("y z")}),
+                 QString("'/a b/it'\\''s' x 'y z' &"));
     }
 
     void launchers_data()
@@ -98,20 +92,20 @@ private slots:
         QFETCH(QString, program);
         // A program folder with a blank, and a device path that tries to run a command.
         QTemporaryDir root;
-        const QString programDir = root.filePath(QStringLiteral("Tavolor Suite/Tav/bin"));
+        const QString programDir = root.filePath(QString("Tavolor Suite/Tav/bin"));
         QDir().mkpath(programDir);
         const QString sibling = QDir::cleanPath(programDir + QLatin1Char('/') + program);
         writeRecorder(sibling);
         const QString hostile =
-            QStringLiteral("/dev/usb/my lp0;touch ") + root.filePath(QStringLiteral("INJECTED"));
+            QString("/dev/usb/my lp0;touch ") + root.filePath(QString("INJECTED"));
 
         StderrCapture capture;
         bool (*const run[])(const QString&, const QStringList&) = {runWirelessSetup, runAddressBook,
                                                                    runEmailBook, runPhoneBook};
-        QVERIFY(run[which](programDir, {hostile, QStringLiteral("plain")}));
+        QVERIFY(run[which](programDir, {hostile, QString("plain")}));
         const QByteArray log = capture.text();
-        QCOMPARE(recorded(sibling), (QStringList{hostile, QStringLiteral("plain")}));
-        QVERIFY(!QFile::exists(root.filePath(QStringLiteral("INJECTED"))));
+        QCOMPARE(recorded(sibling), (QStringList{hostile, "plain"}));
+        QVERIFY(!QFile::exists(root.filePath(QString("INJECTED"))));
         QVERIFY2(log.contains("Command: '" + QFile::encodeName(sibling) + "' '" + hostile.toUtf8() +
                               "' plain &\n"),
                  log.constData());
@@ -120,14 +114,13 @@ private slots:
     void missingSiblingStillCountsAsStarted()
     {
         QTemporaryDir root;
-        QVERIFY(runPhoneBook(root.filePath(QStringLiteral("Tav/bin")),
-                             {QStringLiteral("/dev/usb/lp0")}));
+        QVERIFY(runPhoneBook(root.filePath(QString("Tav/bin")), {QString("/dev/usb/lp0")}));
     }
 
     void bookConfiguration_data()
     {
         QTest::addColumn<QString>("description");
-        QTest::newRow("with text") << QStringLiteral("<PhoneBook TYPE=\"PHONEBOOK\"/>");
+        QTest::newRow("with text") << QString("<PhoneBook TYPE=\"PHONEBOOK\"/>");
         QTest::newRow("empty text still empties the file") << QString();
     }
 
@@ -135,7 +128,7 @@ private slots:
     {
         QFETCH(QString, description);
         QTemporaryDir root;
-        const QString programDir = root.filePath(QStringLiteral("Tav/bin"));
+        const QString programDir = root.filePath(QString("Tav/bin"));
         QDir().mkpath(programDir);
         const QString sibling = QDir::cleanPath(programDir + QLatin1Char('/') + PhoneBookPath);
         writeRecorder(sibling);
@@ -146,8 +139,8 @@ private slots:
             stale.write("old contents");
         }
         QVERIFY(startBook(programDir, PhoneBookPath, PhoneBookConfig, description,
-                          QStringLiteral("/dev/usb/lp1")));
-        QCOMPARE(recorded(sibling), (QStringList{QStringLiteral("/dev/usb/lp1"), config}));
+                          QString("/dev/usb/lp1")));
+        QCOMPARE(recorded(sibling), (QStringList{"/dev/usb/lp1", config}));
         QFile file(config);
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(QString::fromUtf8(file.readAll()), description);
@@ -156,18 +149,18 @@ private slots:
     void browserOrderAndQuoting()
     {
         QTemporaryDir root;
-        const QString konqueror = root.filePath(QStringLiteral("konqueror"));
-        const QString firefox = root.filePath(QStringLiteral("firefox"));
+        const QString konqueror = root.filePath(QString("konqueror"));
+        const QString firefox = root.filePath(QString("firefox"));
         writeRecorder(konqueror);
         writeRecorder(firefox);
-        const QString address = QStringLiteral("http://host/?a=1&b=2;touch ") +
-                                root.filePath(QStringLiteral("INJECTED"));
+        const QString address =
+            QString("http://host/?a=1&b=2;touch ") + root.filePath(QString("INJECTED"));
         StderrCapture capture;
-        StartWebBrowser(address, {root.filePath(QStringLiteral("mozilla")), konqueror, firefox});
+        StartWebBrowser(address, {root.filePath(QString("mozilla")), konqueror, firefox});
         const QByteArray log = capture.text();
         QCOMPARE(recorded(konqueror), QStringList{address});
-        QVERIFY(!QFile::exists(firefox + QStringLiteral(".args")));
-        QVERIFY(!QFile::exists(root.filePath(QStringLiteral("INJECTED"))));
+        QVERIFY(!QFile::exists(firefox + QString(".args")));
+        QVERIFY(!QFile::exists(root.filePath(QString("INJECTED"))));
         QVERIFY2(log.contains("StartWebBrowser command : \"" + QFile::encodeName(konqueror) + " '" +
                               address.toUtf8() + "' &\""),
                  log.constData());
@@ -183,33 +176,30 @@ private slots:
             shown = box->windowTitle() + QLatin1Char('|') + box->text();
             box->accept();
         });
-        StartWebBrowser(QStringLiteral("http://192.0.2.7/"),
-                        {QStringLiteral("/nonexistent/browser")});
-        QCOMPARE(
-            shown,
-            QStringLiteral("Warning|Web browser not found.\nUse that address:\nhttp://192.0.2.7/"));
+        StartWebBrowser(QString("http://192.0.2.7/"), {QString("/nonexistent/browser")});
+        QCOMPARE(shown,
+                 QString("Warning|Web browser not found.\nUse that address:\nhttp://192.0.2.7/"));
     }
 
     void resolvePaths_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("resolved");
-        QTest::newRow("empty") << QString() << QStringLiteral("/opt/Tav/bin");
-        QTest::newRow("dot slash")
-            << QStringLiteral("./tav.xml") << QStringLiteral("/opt/Tav/bin/tav.xml");
-        QTest::newRow("parent") << QStringLiteral("../share/capabilities.xml")
-                                << QStringLiteral("/opt/Tav/share/capabilities.xml");
+        QTest::newRow("empty") << QString() << QString("/opt/Tav/bin");
+        QTest::newRow("dot slash") << QString("./tav.xml") << QString("/opt/Tav/bin/tav.xml");
+        QTest::newRow("parent") << QString("../share/capabilities.xml")
+                                << QString("/opt/Tav/share/capabilities.xml");
         QTest::newRow("sibling") << WirelessSetupPath
-                                 << QStringLiteral("/opt/WirelessSetup/bin/wirelesssetup");
-        QTest::newRow("plain") << QStringLiteral("dependencies.xml")
-                               << QStringLiteral("/opt/Tav/bin/dependencies.xml");
+                                 << QString("/opt/WirelessSetup/bin/wirelesssetup");
+        QTest::newRow("plain") << QString("dependencies.xml")
+                               << QString("/opt/Tav/bin/dependencies.xml");
     }
 
     void resolvePaths()
     {
         QFETCH(QString, name);
         QFETCH(QString, resolved);
-        QCOMPARE(resolveProgramPath(QStringLiteral("/opt/Tav/bin"), name), resolved);
+        QCOMPARE(resolveProgramPath(QString("/opt/Tav/bin"), name), resolved);
     }
 };
 

@@ -50,15 +50,6 @@ private slots:
         QCOMPARE(QtSingleApplication::selectionName(user, id), name);
     }
 
-    void namesCollideOnlyWhereTheyShould()
-    {
-        const QByteArray a = QtSingleApplication::selectionName("u", QStringLiteral("lp0 \u00e9"));
-        const QByteArray b = QtSingleApplication::selectionName("u", QStringLiteral("lp0 \u00e8"));
-        QCOMPARE(a, b);
-        QVERIFY(QtSingleApplication::selectionName("anna", QStringLiteral("lp0 M")) !=
-                QtSingleApplication::selectionName("bert", QStringLiteral("lp0 M")));
-    }
-
     void firstInstanceIsNotRunningYet()
     {
         QVERIFY(!app()->isRunning());

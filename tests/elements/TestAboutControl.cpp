@@ -32,8 +32,7 @@ private slots:
         QFETCH(QString, aboutText);
         QFETCH(QStringList, texts);
         const auto parser = SpecText::read(
-            QStringLiteral("<Info TYPE='ABOUT' STRING='About'><About>%1</About></Info>")
-                .arg(aboutText));
+            QString("<Info TYPE='ABOUT' STRING='About'><About>%1</About></Info>").arg(aboutText));
         auto* about = qobject_cast<AboutElement*>(parser->findElement("AboutElement"));
         QPixmap logo(8, 4);
         logo.fill(Qt::blue);

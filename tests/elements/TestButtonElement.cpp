@@ -150,9 +150,8 @@ private slots:
     {
         QFETCH(QString, attribute);
         QFETCH(bool, defaultShown);
-        const auto parser =
-            SpecText::read(QStringLiteral("<F TYPE='POPUP' STRING='Fax'%1><A TYPE='EDITBOX'/></F>")
-                               .arg(attribute));
+        const auto parser = SpecText::read(
+            QString("<F TYPE='POPUP' STRING='Fax'%1><A TYPE='EDITBOX'/></F>").arg(attribute));
         auto* form = qobject_cast<FormElement*>(parser->findElement("F"));
         QCOMPARE(form->isDefault(), defaultShown);
         QWidget panel;

@@ -4,12 +4,10 @@
 #include "ComplexElement.h"
 #include "ConcreteElement.h"
 #include "ElementType.h"
-#include "SettingsViewItem.h"
 
 #include <QDomDocument>
 #include <QLabel>
 #include <QSignalSpy>
-#include <QTreeWidget>
 #include <QtTest>
 
 namespace {
@@ -175,29 +173,6 @@ private slots:
         b->addDependentElement(parser->findElement("Sub")->findElement("A"));
         b->addDependentElement(nullptr);
         QCOMPARE(b->dependentElements(), QList<Element*>({firstA}));
-    }
-
-    void lists()
-    {
-        const auto parser = SpecText::read(kTree + QString("<G2><D TYPE='COMBOBOX' CURRENT='d2'>"
-                                                           "<d1/><d2 STRING='Two'/></D></G2>"));
-        QTreeWidget favourites;
-        QTreeWidget params;
-        params.setColumnCount(2);
-        parser->root()->addToFavoriteList(&favourites);
-        parser->root()->addToParamList(&params);
-        QCOMPARE(favourites.topLevelItemCount(), 2);
-        auto* first = static_cast<SettingsViewItem*>(favourites.topLevelItem(0));
-        QCOMPARE(first->element(), parser->findElement("G1"));
-        QCOMPARE(first->text(0), QString("Group"));
-        QCOMPARE(params.topLevelItemCount(), 3);
-        QTreeWidgetItem* group = params.topLevelItem(0);
-        QCOMPARE(group->childCount(), 2);
-        QCOMPARE(group->child(0)->text(1), QString("1"));
-        QCOMPARE(group->child(1)->text(0), QString("Sub"));
-        QCOMPARE(group->child(1)->child(0)->text(1), QString("b"));
-        QCOMPARE(params.topLevelItem(1)->text(0), QString("C"));
-        QCOMPARE(params.topLevelItem(2)->child(0)->text(1), QString("Two"));
     }
 };
 

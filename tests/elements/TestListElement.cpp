@@ -216,26 +216,6 @@ private slots:
         QCOMPARE(element->current(), attributes.section('\'', 1, 1));
     }
 
-    void radioByMouseAndArrows()
-    {
-        const auto parser = SpecText::read("<L TYPE='RADIOBUTTON' CURRENT='A'><A/><B/><C/></L>");
-        QWidget panel;
-        ListElement* element = list(*parser);
-        element->createControl(&panel);
-        QVERIFY(element->control()->findChild<QButtonGroup*>()->exclusive());
-        panel.show();
-        QSignalSpy spy(element, &ConcreteElement::valueChanged);
-        QTest::mouseClick(radio(&panel, "C"), Qt::LeftButton);
-        QCOMPARE(element->current(), QString("C"));
-        QCOMPARE(spy.count(), 1);
-        panel.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&panel));
-        radio(&panel, "C")->setFocus();
-        QTest::keyClick(radio(&panel, "C"), Qt::Key_Up);
-        QCOMPARE(element->current(), QString("B"));
-        QCOMPARE(spy.count(), 2);
-    }
-
     void setControlValueIsSilent_data()
     {
         QTest::addColumn<QString>("type");

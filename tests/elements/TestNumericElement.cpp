@@ -37,31 +37,25 @@ private slots:
     {
         QTest::addColumn<QString>("attributes");
         QTest::addColumn<QString>("after");
-        QTest::newRow("above max") << "INTEGER' CURRENT='120' MIN='0' MAX='100'"
-                                   << "100";
-        QTest::newRow("below min") << "INTEGER' CURRENT='3' MIN='5' MAX='100'"
-                                   << "5";
-        QTest::newRow("inside") << "INTEGER' CURRENT='50' MIN='0' MAX='100'"
-                                << "50";
-        QTest::newRow("at the limits") << "INTEGER' CURRENT='100' MIN='100' MAX='100'"
-                                       << "100";
-        QTest::newRow("missing MIN compares with 0") << "INTEGER' CURRENT='0' MAX='10'"
-                                                     << "0";
-        QTest::newRow("below a missing MIN takes its empty text")
-            << "INTEGER' CURRENT='-1' MAX='10'"
-            << "";
-        QTest::newRow("not a number counts as 0") << "INTEGER' CURRENT='abc' MIN='2' MAX='10'"
-                                                  << "2";
-        QTest::newRow("slider not clamped") << "SLIDER' CURRENT='500' MIN='0' MAX='100'"
-                                            << "500";
-        QTest::newRow("float kept") << "FLOAT' CURRENT=' 3.5 ' MIN='0.5' MAX='2.5'"
-                                    << " 3.5 ";
+        const char* rows[][3] = {
+            {"above max", "INTEGER' CURRENT='120' MIN='0' MAX='100'", "100"},
+            {"below min", "INTEGER' CURRENT='3' MIN='5' MAX='100'", "5"},
+            {"inside", "INTEGER' CURRENT='50' MIN='0' MAX='100'", "50"},
+            {"at the limits", "INTEGER' CURRENT='100' MIN='100' MAX='100'", "100"},
+            {"missing MIN compares with 0", "INTEGER' CURRENT='0' MAX='10'", "0"},
+            {"below a missing MIN takes its empty text", "INTEGER' CURRENT='-1' MAX='10'", ""},
+            {"not a number counts as 0", "INTEGER' CURRENT='abc' MIN='2' MAX='10'", "2"},
+            {"slider not clamped", "SLIDER' CURRENT='500' MIN='0' MAX='100'", "500"},
+            {"float kept", "FLOAT' CURRENT=' 3.5 ' MIN='0.5' MAX='2.5'", " 3.5 "},
+        };
+        for (const auto& row : rows)
+            QTest::newRow(row[0]) << QString(row[1]) << QString(row[2]);
     }
     void clamping()
     {
         QFETCH(QString, attributes);
         QFETCH(QString, after);
-        const auto parser = SpecText::read(QStringLiteral("<N TYPE='%1/>").arg(attributes));
+        const auto parser = SpecText::read(QString("<N TYPE='%1/>").arg(attributes));
         QSignalSpy spy(numeric(*parser), &ConcreteElement::valueChanged);
         QVERIFY(numeric(*parser)->isValid());
         QCOMPARE(numeric(*parser)->current(), after);
@@ -99,7 +93,7 @@ private slots:
         QFETCH(QList<int>, shown);
         QFETCH(QString, text);
         const auto parser =
-            SpecText::read(QStringLiteral("<N STRING='Copies' TYPE='%1/>").arg(attributes));
+            SpecText::read(QString("<N STRING='Copies' TYPE='%1/>").arg(attributes));
         QWidget panel;
         numeric(*parser)->createControl(&panel);
         QCOMPARE(spinState(numeric(*parser)->control()), shown);
@@ -121,8 +115,8 @@ private slots:
         QFETCH(QString, type);
         QFETCH(QString, value);
         QFETCH(int, position);
-        const auto parser = SpecText::read(QStringLiteral("<N TYPE='%1' MIN='0' MAX='90' "
-                                                          "STEP='10' DIGITS='1' CURRENT='30'/>")
+        const auto parser = SpecText::read(QString("<N TYPE='%1' MIN='0' MAX='90' "
+                                                   "STEP='10' DIGITS='1' CURRENT='30'/>")
                                                .arg(type));
         NumericElement* element = numeric(*parser);
         QWidget panel;
@@ -229,8 +223,7 @@ private slots:
         QFETCH(int, ignored);
         StderrCapture capture;
         const auto parser = SpecText::read(
-            QStringLiteral("<N TYPE='SLIDER' MIN='0' MAX='100' STEP='5' COLORMARKER='%1'/>")
-                .arg(markers));
+            QString("<N TYPE='SLIDER' MIN='0' MAX='100' STEP='5' COLORMARKER='%1'/>").arg(markers));
         QCOMPARE(int(capture.text().count("Warning: ignoring COLORMARKER item")), ignored);
         auto* element = qobject_cast<SliderElement*>(numeric(*parser));
         QWidget panel;

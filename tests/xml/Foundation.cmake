@@ -1,2 +1,1 @@
 tav_add_qtest(NAME TestDomParser SOURCES ${CMAKE_CURRENT_LIST_DIR}/TestDomParser.cpp)
-tav_add_qtest(NAME TestElementType SOURCES ${CMAKE_CURRENT_LIST_DIR}/TestElementType.cpp)

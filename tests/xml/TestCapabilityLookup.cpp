@@ -1,85 +1,133 @@
+#include "../app/StderrCapture.h"
+
 #include "CapabilityLookup.h"
+#include "Log.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
 
-// Looking a device name up in the capability list.
+// The capability list read and searched for a device name: model keys, the three flags, what
+// is skipped, and the lists that give every feature.
 class TestCapabilityLookup : public QObject
 {
     Q_OBJECT
 
-private:
-    QString writeList(const QByteArray& text);
     QTemporaryDir dir;
 
+    // A list holding `devices`; a broken list when `devices` is null.
+    QString writeList(const QByteArray& devices)
+    {
+        const QString name = dir.filePath("capabilities.xml");
+        QFile file(name);
+        file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+        file.write(devices.isNull() ? QByteArray("<root><Devices><M NAME=")
+                                    : "<root>" + devices + "</root>");
+        return name;
+    }
+    // network, buy-now button and IDS as "0" and "1".
+    static QString flags(const Capabilities& c)
+    {
+        return QString("%1%2%3").arg(int(c.network)).arg(int(c.buyNowButton)).arg(int(c.ids));
+    }
+
 private slots:
-    void lookup_data();
-    void lookup();
-    void multipleMatchesWarnAndTakeFirst();
-    void missingFileGivesEverything();
-    void brokenFileGivesEverything();
+    void flags_data()
+    {
+        QTest::addColumn<QByteArray>("attributes");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("none") << QByteArray() << "111";
+        QTest::newRow("false") << QByteArray("NETWORK='false'") << "011";
+        QTest::newRow("FALSE") << QByteArray("BUYNOWBUTTON='FALSE'") << "101";
+        QTest::newRow("mixed case") << QByteArray("IDS='FaLsE'") << "110";
+        QTest::newRow("no and 0 keep it") << QByteArray("NETWORK='no' IDS='0'") << "111";
+        QTest::newRow("empty keeps it") << QByteArray("NETWORK=''") << "111";
+        QTest::newRow("all off") << QByteArray("NETWORK='false' BUYNOWBUTTON='false' IDS='false'")
+                                 << "000";
+    }
+    void flags()
+    {
+        QFETCH(QByteArray, attributes);
+        QFETCH(QString, expected);
+        const QString list =
+            writeList("<Devices><Model NAME='LX 500' " + attributes + "/></Devices>");
+        QCOMPARE(flags(lookupCapabilities(list, "LX_500")), expected);
+    }
+
+    void lookup_data()
+    {
+        QTest::addColumn<QString>("devName");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("underscores and capitals") << "Ormund_InkJet_20"
+                                                  << "100";
+        QTest::newRow("blanks") << "ormund inkjet 20"
+                                << "100";
+        QTest::newRow("part of a name") << "InkJet_2"
+                                        << "100";
+        QTest::newRow("longer name unique") << "LX_5000"
+                                            << "101";
+        QTest::newRow("not listed") << "Other_Model"
+                                    << "111";
+        // One key for both spellings; the later entry wins, with no warning.
+        QTest::newRow("key collision") << "Laser MFP"
+                                       << "110";
+    }
+    void lookup()
+    {
+        QFETCH(QString, devName);
+        QFETCH(QString, expected);
+        const QString list =
+            writeList("<Devices><M NAME='Ormund LX 500' NETWORK='false'/>"
+                      "<M NAME='Ormund InkJet 20' IDS='false' BUYNOWBUTTON='false'/>"
+                      "<M NAME='Ormund LX 5000 Pro' BUYNOWBUTTON='false'/>"
+                      "<A NAME='Laser MFP' NETWORK='false'/>"
+                      "<B NAME='laser_mfp' IDS='false'/></Devices>");
+        QCOMPARE(flags(lookupCapabilities(list, devName)), expected);
+    }
+
+    void multipleMatchesWarnAndTakeFirst()
+    {
+        const QString list = writeList("<Devices><M NAME='Ormund LX 500' NETWORK='false'/>"
+                                       "<M NAME='Ormund LX 5000 Pro' BUYNOWBUTTON='false'/>"
+                                       "</Devices>");
+        QTest::ignoreMessage(QtWarningMsg, "Multiple models match the same name <ormund lx 500>: "
+                                           "<ormund_lx_500|ormund_lx_5000_pro>");
+        QCOMPARE(flags(lookupCapabilities(list, "Ormund_LX_500")), QString("011"));
+    }
+
+    void skippedEntries()
+    {
+        const QString list = writeList("<Devices><!-- a comment --><A NAME=''/><B/>"
+                                       "text<Any-Tag NAME='Ok' NETWORK='false'/></Devices>");
+        logLevel = 10;
+        StderrCapture capture;
+        const Capabilities caps = lookupCapabilities(list, "ok");
+        const QByteArray log = capture.text();
+        logLevel = kDefaultLogLevel;
+        QCOMPARE(flags(caps), QString("011"));
+        QCOMPARE(log.count("Unexpected child node"), 2);
+        QCOMPARE(log.count("Unknown model"), 2);
+    }
+
+    void unreadableGivesEverything_data()
+    {
+        QTest::addColumn<QByteArray>("devices"); // null: broken XML
+        QTest::addColumn<QByteArray>("logLine");
+        QTest::newRow("missing file") << QByteArray() << QByteArray();
+        QTest::newRow("broken") << QByteArray() << QByteArray("CapabilityParser is invalid");
+        QTest::newRow("no Devices")
+            << QByteArray("<Models><M NAME='M' NETWORK='false'/></Models>")
+            << QByteArray("CapabilityParser::parse(): can't obtain root node");
+    }
+    void unreadableGivesEverything()
+    {
+        QFETCH(QByteArray, devices);
+        QFETCH(QByteArray, logLine);
+        const QString list = logLine.isEmpty() ? dir.filePath("absent.xml") : writeList(devices);
+        StderrCapture capture;
+        QCOMPARE(flags(lookupCapabilities(list, "M")), QString("111"));
+        QVERIFY(capture.text().contains(logLine));
+    }
 };
-
-QString TestCapabilityLookup::writeList(const QByteArray& text)
-{
-    const QString name = dir.filePath("capabilities.xml");
-    QFile file(name);
-    file.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    file.write(text);
-    return name;
-}
-
-const QByteArray kList = "<root><Devices>"
-                         "<M NAME=\"Ormund LX 500\" NETWORK=\"false\"/>"
-                         "<M NAME=\"Ormund InkJet 20\" IDS=\"false\" BUYNOWBUTTON=\"false\"/>"
-                         "<M NAME=\"Ormund LX 5000 Pro\" BUYNOWBUTTON=\"false\"/>"
-                         "</Devices></root>";
-
-void TestCapabilityLookup::lookup_data()
-{
-    QTest::addColumn<QString>("devName");
-    QTest::addColumn<bool>("network");
-    QTest::addColumn<bool>("buyNow");
-    QTest::addColumn<bool>("ids");
-    QTest::newRow("underscores and capitals") << "Ormund_InkJet_20" << true << false << false;
-    QTest::newRow("blanks") << "ormund inkjet 20" << true << false << false;
-    QTest::newRow("part of a name") << "InkJet_2" << true << false << false;
-    QTest::newRow("longer name unique") << "LX_5000" << true << false << true;
-    QTest::newRow("not listed") << "Other_Model" << true << true << true;
-}
-
-void TestCapabilityLookup::lookup()
-{
-    QFETCH(QString, devName);
-    QFETCH(bool, network);
-    QFETCH(bool, buyNow);
-    QFETCH(bool, ids);
-    const Capabilities caps = lookupCapabilities(writeList(kList), devName);
-    QCOMPARE(caps.network, network);
-    QCOMPARE(caps.buyNowButton, buyNow);
-    QCOMPARE(caps.ids, ids);
-}
-
-void TestCapabilityLookup::multipleMatchesWarnAndTakeFirst()
-{
-    QTest::ignoreMessage(QtWarningMsg, "Multiple models match the same name <ormund lx 500>: "
-                                       "<ormund_lx_500|ormund_lx_5000_pro>");
-    const Capabilities caps = lookupCapabilities(writeList(kList), "Ormund_LX_500");
-    QVERIFY(!caps.network);
-    QVERIFY(caps.buyNowButton);
-}
-
-void TestCapabilityLookup::missingFileGivesEverything()
-{
-    const Capabilities caps = lookupCapabilities(dir.filePath("absent.xml"), "Ormund_LX_500");
-    QVERIFY(caps.network && caps.buyNowButton && caps.ids);
-}
-
-void TestCapabilityLookup::brokenFileGivesEverything()
-{
-    const Capabilities caps = lookupCapabilities(writeList("<root><Devices><M NAME="), "M");
-    QVERIFY(caps.network && caps.buyNowButton && caps.ids);
-}
 
 QTEST_MAIN(TestCapabilityLookup)
 #include "TestCapabilityLookup.moc"

@@ -11,49 +11,41 @@ class TestSystemLocale : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup();
-    void language_data();
-    void language();
-    void german();
+    void cleanup()
+    {
+        qunsetenv("LC_ALL");
+        std::setlocale(LC_CTYPE, "C");
+    }
+    void language_data()
+    {
+        QTest::addColumn<QByteArray>("environment");
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("fileName");
+        QTest::newRow("POSIX default") << QByteArray("C") << "C"
+                                       << "tav_C.xml";
+        QTest::newRow("POSIX") << QByteArray("POSIX") << "C"
+                               << "tav_C.xml";
+        QTest::newRow("with codeset") << QByteArray("C.UTF-8") << "C."
+                                      << "tav_C..xml";
+    }
+    void language()
+    {
+        QFETCH(QByteArray, environment);
+        QFETCH(QString, language);
+        QFETCH(QString, fileName);
+        qputenv("LC_ALL", environment);
+        QCOMPARE(GetSystemLocale(), language);
+        QCOMPARE(localizedFileName("tav", "xml"), fileName);
+    }
+    void german()
+    {
+        qputenv("LC_ALL", "de_DE.UTF-8");
+        if (!std::setlocale(LC_CTYPE, ""))
+            QSKIP("the de_DE.UTF-8 locale is not installed on this machine");
+        QCOMPARE(GetSystemLocale(), QString("de"));
+        QCOMPARE(localizedFileName("help", "html"), QString("help_de.html"));
+    }
 };
-
-void TestSystemLocale::cleanup()
-{
-    qunsetenv("LC_ALL");
-    std::setlocale(LC_CTYPE, "C");
-}
-
-void TestSystemLocale::language_data()
-{
-    QTest::addColumn<QByteArray>("environment");
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QString>("fileName");
-    QTest::newRow("POSIX default") << QByteArray("C") << "C"
-                                   << "tav_C.xml";
-    QTest::newRow("POSIX") << QByteArray("POSIX") << "C"
-                           << "tav_C.xml";
-    QTest::newRow("with codeset") << QByteArray("C.UTF-8") << "C."
-                                  << "tav_C..xml";
-}
-
-void TestSystemLocale::language()
-{
-    QFETCH(QByteArray, environment);
-    QFETCH(QString, language);
-    QFETCH(QString, fileName);
-    qputenv("LC_ALL", environment);
-    QCOMPARE(GetSystemLocale(), language);
-    QCOMPARE(localizedFileName("tav", "xml"), fileName);
-}
-
-void TestSystemLocale::german()
-{
-    qputenv("LC_ALL", "de_DE.UTF-8");
-    if (!std::setlocale(LC_CTYPE, ""))
-        QSKIP("the de_DE.UTF-8 locale is not installed on this machine");
-    QCOMPARE(GetSystemLocale(), QString("de"));
-    QCOMPARE(localizedFileName("help", "html"), QString("help_de.html"));
-}
 
 QTEST_MAIN(TestSystemLocale)
 #include "TestSystemLocale.moc"

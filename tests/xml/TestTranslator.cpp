@@ -21,138 +21,123 @@ private:
     }
 
 private slots:
-    void lookup_data();
-    void lookup();
-    void translatesTree();
-    void missingTranslationNode();
-    void readsFile();
-    void matchingMessageWithoutValueIsFatal();
-};
-
-void TestTranslator::lookup_data()
-{
-    QTest::addColumn<QString>("body");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("description");
-    const QString title = "<message><Id>Copies</Id><Value>Kopien</Value></message>";
-    const QString desc =
-        "<message><Id>Copies description</Id><Value>Anzahl der Kopien</Value></message>";
-    QTest::newRow("both") << title + desc << "Kopien"
-                          << "Anzahl der Kopien";
-    QTest::newRow("title only") << title << "Kopien"
-                                << "default desc";
-    QTest::newRow("missing keeps defaults") << QString() << "default"
-                                            << "default desc";
-    QTest::newRow("later match replaces until both found")
-        << title + "<message><Id>Copies</Id><Value>Exemplare</Value></message>" + desc
-        << "Exemplare"
-        << "Anzahl der Kopien";
-    QTest::newRow("walk stops once both found")
-        << title + desc + "<message><Id>Copies</Id><Value>Zu spaet</Value></message>"
-        << "Kopien"
-        << "Anzahl der Kopien";
-    QTest::newRow("non-matching message without Value is harmless")
-        << "<message><Id>Other</Id></message>" + title << "Kopien"
-        << "default desc";
-    QTest::newRow("others skipped")
-        << "<note><Id>Copies</Id><Value>X</Value></note><message><Value>Y</Value></message>"
-           "<!-- c -->" +
-               title
-        << "Kopien"
-        << "default desc";
-    QTest::newRow("ids are case-sensitive") << "<message><Id>copies</Id><Value>x</Value></message>"
-                                            << "default"
-                                            << "default desc";
-    QTest::newRow("after a match no Value later is never reached")
-        << title + desc + "<message><Id>Copies</Id></message>"
-        << "Kopien"
-        << "Anzahl der Kopien";
-}
-
-void TestTranslator::lookup()
-{
-    QFETCH(QString, body);
-    QFETCH(QString, title);
-    QFETCH(QString, description);
-    Translator translator;
-    QVERIFY(translator.setContent(messages(body)));
-    QString gotTitle;
-    QString gotDescription;
-    translator.lookup("Copies", "default", "default desc", &gotTitle, &gotDescription);
-    QCOMPARE(gotTitle, title);
-    QCOMPARE(gotDescription, description);
-}
-
-void TestTranslator::translatesTree()
-{
-    const auto parser =
-        SpecText::read("<General STRING=\"General\"><Copies TYPE=\"INTEGER\" STRING=\"Copies\"/>"
-                       "<Tray TYPE=\"COMBOBOX\"><T1 STRING=\"Tray 1\"/><T2/></Tray></General>");
-    Translator translator;
-    translator.setContent(
-        messages("<message><Id>General</Id><Value>Allgemein</Value></message>"
-                 "<message><Id>Copies description</Id><Value>Wie viele</Value>"
-                 "</message><message><Id>T1</Id><Value>Fach 1</Value></message>"));
-    QVERIFY(parser->translate(translator));
-    Element* general = parser->findElement("General");
-    QCOMPARE(general->title(), QString("Allgemein"));
-    QCOMPARE(general->string(), QString("Allgemein"));
-    QCOMPARE(general->description(), QString("General"));
-    Element* copies = parser->findElement("Copies");
-    QCOMPARE(copies->title(), QString("Copies"));
-    QCOMPARE(copies->description(), QString("Wie viele"));
-    auto* tray = qobject_cast<ListElement*>(parser->findElement("Tray"));
-    QCOMPARE(tray->parameters().at(0)->title(), QString("Fach 1"));
-    QCOMPARE(tray->parameters().at(1)->title(), QString("T2"));
-}
-
-void TestTranslator::missingTranslationNode()
-{
-    const auto parser = SpecText::read("<A TYPE=\"INTEGER\"/>");
-    Translator translator;
-    translator.setContent(QString("<root><message><Id>A</Id><Value>x</Value></message></root>"));
-    QVERIFY(!parser->translate(translator));
-    QCOMPARE(parser->findElement("A")->title(), QString("A"));
-}
-
-void TestTranslator::readsFile()
-{
-    QTemporaryDir dir;
-    const QString name = dir.filePath("tav_de.xml");
-    QFile file(name);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(messages("<message><Id>A</Id><Value>Ä</Value></message>").toUtf8());
-    file.close();
-    const Translator translator(name);
-    QVERIFY(translator.isValid());
-    QString title, description;
-    translator.lookup("A", "A", "A", &title, &description);
-    QCOMPARE(title, QString("Ä"));
-    const Translator missing(dir.filePath("absent.xml"));
-    QVERIFY(!missing.isValid());
-    QVERIFY(!missing.errorText().isEmpty());
-}
-
-void TestTranslator::matchingMessageWithoutValueIsFatal()
-{
-    // The deliberate stop runs in a child process: this binary with the fatal case only.
-    if (qEnvironmentVariableIsSet("TAV_TRANSLATOR_FATAL")) {
+    void lookup_data()
+    {
+        QTest::addColumn<QString>("body");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("description");
+        const QString title = "<message><Id>Copies</Id><Value>Kopien</Value></message>";
+        const QString desc =
+            "<message><Id>Copies description</Id><Value>Anzahl der Kopien</Value></message>";
+        const QString both = "Kopien|Anzahl der Kopien", titleOnly = "Kopien|default desc";
+        const QString rows[][3] = {
+            {"both", title + desc, both},
+            {"title only", title, titleOnly},
+            {"missing keeps defaults", "", "default|default desc"},
+            {"later match replaces until both found",
+             title + "<message><Id>Copies</Id><Value>Exemplare</Value></message>" + desc,
+             "Exemplare|Anzahl der Kopien"},
+            {"walk stops once both found",
+             title + desc + "<message><Id>Copies</Id><Value>Zu spaet</Value></message>", both},
+            {"non-matching message without Value is harmless",
+             "<message><Id>Other</Id></message>" + title, titleOnly},
+            {"others skipped",
+             "<note><Id>Copies</Id><Value>X</Value></note><message><Value>Y</Value></message>"
+             "<!-- c -->" +
+                 title,
+             titleOnly},
+            {"ids are case-sensitive", "<message><Id>copies</Id><Value>x</Value></message>",
+             "default|default desc"},
+            {"after a match no Value later is never reached",
+             title + desc + "<message><Id>Copies</Id></message>", both},
+        };
+        for (const auto& row : rows)
+            QTest::newRow(qPrintable(row[0]))
+                << row[1] << row[2].section('|', 0, 0) << row[2].section('|', 1);
+    }
+    void lookup()
+    {
+        QFETCH(QString, body);
+        QFETCH(QString, title);
+        QFETCH(QString, description);
         Translator translator;
-        translator.setContent(messages("<message><Id>A</Id></message>"));
+        QVERIFY(translator.setContent(messages(body)));
+        QString gotTitle;
+        QString gotDescription;
+        translator.lookup("Copies", "default", "default desc", &gotTitle, &gotDescription);
+        QCOMPARE(gotTitle, title);
+        QCOMPARE(gotDescription, description);
+    }
+    void translatesTree()
+    {
+        const auto parser = SpecText::read(
+            "<General STRING=\"General\"><Copies TYPE=\"INTEGER\" STRING=\"Copies\"/>"
+            "<Tray TYPE=\"COMBOBOX\"><T1 STRING=\"Tray 1\"/><T2/></Tray></General>");
+        Translator translator;
+        translator.setContent(
+            messages("<message><Id>General</Id><Value>Allgemein</Value></message>"
+                     "<message><Id>Copies description</Id><Value>Wie viele</Value>"
+                     "</message><message><Id>T1</Id><Value>Fach 1</Value></message>"));
+        QVERIFY(parser->translate(translator));
+        Element* general = parser->findElement("General");
+        QCOMPARE(general->title(), QString("Allgemein"));
+        QCOMPARE(general->string(), QString("Allgemein"));
+        QCOMPARE(general->description(), QString("General"));
+        Element* copies = parser->findElement("Copies");
+        QCOMPARE(copies->title(), QString("Copies"));
+        QCOMPARE(copies->description(), QString("Wie viele"));
+        auto* tray = qobject_cast<ListElement*>(parser->findElement("Tray"));
+        QCOMPARE(tray->parameters().at(0)->title(), QString("Fach 1"));
+        QCOMPARE(tray->parameters().at(1)->title(), QString("T2"));
+    }
+    void missingTranslationNode()
+    {
+        const auto parser = SpecText::read("<A TYPE=\"INTEGER\"/>");
+        Translator translator;
+        translator.setContent(
+            QString("<root><message><Id>A</Id><Value>x</Value></message></root>"));
+        QVERIFY(!parser->translate(translator));
+        QCOMPARE(parser->findElement("A")->title(), QString("A"));
+    }
+    void readsFile()
+    {
+        QTemporaryDir dir;
+        const QString name = dir.filePath("tav_de.xml");
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(messages("<message><Id>A</Id><Value>Ä</Value></message>").toUtf8());
+        file.close();
+        const Translator translator(name);
+        QVERIFY(translator.isValid());
         QString title, description;
         translator.lookup("A", "A", "A", &title, &description);
-        return;
+        QCOMPARE(title, QString("Ä"));
+        const Translator missing(dir.filePath("absent.xml"));
+        QVERIFY(!missing.isValid());
+        QVERIFY(!missing.errorText().isEmpty());
     }
-    QProcess child;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("TAV_TRANSLATOR_FATAL", "1");
-    child.setProcessEnvironment(environment);
-    child.setProcessChannelMode(QProcess::MergedChannels);
-    child.start(QCoreApplication::applicationFilePath(), {"matchingMessageWithoutValueIsFatal"});
-    QVERIFY(child.waitForFinished(60000));
-    QVERIFY(child.exitStatus() == QProcess::CrashExit || child.exitCode() != 0);
-    QVERIFY(child.readAll().contains("Wrong XML format"));
-}
+    void matchingMessageWithoutValueIsFatal()
+    {
+        // The deliberate stop runs in a child process: this binary with the fatal case only.
+        if (qEnvironmentVariableIsSet("TAV_TRANSLATOR_FATAL")) {
+            Translator translator;
+            translator.setContent(messages("<message><Id>A</Id></message>"));
+            QString title, description;
+            translator.lookup("A", "A", "A", &title, &description);
+            return;
+        }
+        QProcess child;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("TAV_TRANSLATOR_FATAL", "1");
+        child.setProcessEnvironment(environment);
+        child.setProcessChannelMode(QProcess::MergedChannels);
+        child.start(QCoreApplication::applicationFilePath(),
+                    {"matchingMessageWithoutValueIsFatal"});
+        QVERIFY(child.waitForFinished(60000));
+        QVERIFY(child.exitStatus() == QProcess::CrashExit || child.exitCode() != 0);
+        QVERIFY(child.readAll().contains("Wrong XML format"));
+    }
+};
 
 QTEST_MAIN(TestTranslator)
 #include "TestTranslator.moc"
