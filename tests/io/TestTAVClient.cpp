@@ -31,11 +31,11 @@ class TestTAVClient : public QObject
 
     UsbPrinterMock mock; // before anything starts libusb
 
-    void useFraming(bool ids)
+    static UsbPrinterMock::Behaviour framing(bool ids)
     {
         UsbPrinterMock::Behaviour behaviour;
         behaviour.extendedId = ids ? "MFG:Ormund;CMD:PJL,IDS;MDL:MFC-100;" : "CMD:PJL;";
-        mock.setBehaviour(behaviour);
+        return behaviour;
     }
     static QString fetch(TAVClient& client)
     {
@@ -83,30 +83,42 @@ private slots:
     void endToEnd_data()
     {
         QTest::addColumn<bool>("ids");
-        QTest::addColumn<bool>("timed");
-        QTest::newRow("TAV, waiting for ever") << false << false;
-        QTest::newRow("TAV, dialog timings") << false << true;
-        QTest::newRow("IDS, waiting for ever") << true << false;
-        QTest::newRow("IDS, dialog timings") << true << true;
+        QTest::addColumn<int>("pollMs"); // 0: no limits, waiting for ever
+        QTest::addColumn<int>("idleMs");
+        QTest::addColumn<int>("bytesPerSecond"); // 0: at once
+        QTest::newRow("TAV, waiting for ever") << false << 0 << 0 << 0;
+        QTest::newRow("TAV, dialog timings") << false << 200 << 3000 << 0;
+        // Over a second for the whole text, in steps of 0.1 s: never idle for 500 ms.
+        QTest::newRow("TAV, slow but moving is not cut off") << false << 20 << 500 << 1000;
+        QTest::newRow("IDS, waiting for ever") << true << 0 << 0 << 0;
+        QTest::newRow("IDS, dialog timings") << true << 200 << 3000 << 0;
     }
     void endToEnd()
     {
         QFETCH(bool, ids);
-        QFETCH(bool, timed);
-        useFraming(ids);
-        PrinterThread printer(options(ids));
+        QFETCH(int, pollMs);
+        QFETCH(int, idleMs);
+        QFETCH(int, bytesPerSecond);
+        UsbPrinterMock::Behaviour behaviour = framing(ids);
+        mock.setBehaviour(behaviour);
+        VirtualPrinterOptions settings = options(ids);
+        settings.bytesPerSecond = bytesPerSecond;
+        PrinterThread printer(settings);
         QVERIFY(printer.start(mock.dataMaster()));
         Capabilities capabilities;
         TAVClient client(UsbPrinterMock::kUsblp, &capabilities);
         QCOMPARE(client.useIds(), ids);
-        if (timed)
-            client.setTimings(200, 200, 3000);
+        if (pollMs)
+            client.setTimings(pollMs, pollMs, idleMs);
+        behaviour.silentProbes = 1; // asleep now: the first exchange has to wake it
+        mock.setBehaviour(behaviour);
         QCOMPARE(fetch(client).toLatin1(), PrinterThread::fileText(kSpecification));
         QVERIFY(send(client,
                      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<root><PrinterSettingsInfo>"
                      "<SleepTime CURRENT=\"17\"/></PrinterSettingsInfo></root>\n"));
         QCOMPARE(printer.printer.state().current("SleepTime"), QStringLiteral("17"));
         QVERIFY(fetch(client).contains("CURRENT=\"17\""));
+        QCOMPARE(mock.controlRequests().count(0x99), 1);
     }
 
     void faultsFail_data()
@@ -158,7 +170,7 @@ private slots:
         settings.rejectChanges = fault == "reject";
         settings.mute = fault == "mute";
         settings.garbage = fault == "garbage";
-        useFraming(ids);
+        mock.setBehaviour(framing(ids));
         PrinterThread printer(settings);
         QVERIFY(printer.start(mock.dataMaster()));
         TAVClient client(UsbPrinterMock::kUsblp, nullptr);
@@ -177,19 +189,6 @@ private slots:
             QCOMPARE(printer.printer.requestsServed(), served);
         if (fault == "reject")
             QCOMPARE(printer.printer.state().current("SleepTime"), QStringLiteral("5"));
-    }
-
-    void slowButMovingIsNotCutOff()
-    {
-        useFraming(false);
-        VirtualPrinterOptions settings = options(false);
-        settings.bytesPerSecond = 1000; // over a second for the whole text, in steps of 0.1 s
-        PrinterThread printer(settings);
-        QVERIFY(printer.start(mock.dataMaster()));
-        TAVClient client(UsbPrinterMock::kUsblp, nullptr);
-        // Far shorter than the whole transfer, longer than any pause between bytes.
-        client.setTimings(20, 20, 500);
-        QCOMPARE(client.getSpecification_tav().toLatin1(), PrinterThread::fileText(kSpecification));
     }
 
     // On a terminal of the printer's own, without USB: the control requests fail at once and

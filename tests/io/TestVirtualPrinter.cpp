@@ -4,8 +4,6 @@
 #include "TAVClient.h"
 #include "TAVCommand.h"
 
-#include <QFileInfo>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -38,15 +36,6 @@ QByteArray changes(const QByteArray& items, const QByteArray& root = "PrinterSet
 
 const QString kSpecification = QStringLiteral(TAV_IO_TEST_DATA "/printer.xml");
 
-// Starts the program and returns the device path it prints.
-QString startProgram(QProcess& process, const QStringList& arguments)
-{
-    process.start(QStringLiteral(TAV_BIN_DIR "/tav-vprinter"), arguments);
-    if (!process.waitForStarted() || !process.waitForReadyRead(10000))
-        return QString();
-    return QString::fromLocal8Bit(process.readLine()).trimmed();
-}
-
 QString fetch(const QString& device, int idleMs = 3000)
 {
     TAVClient client(device, nullptr);
@@ -57,8 +46,8 @@ QString fetch(const QString& device, int idleMs = 3000)
 } // namespace
 
 // The virtual printer: cutting the host's byte stream into commands, its copy of the settings
-// and how change documents alter it, and serving over a real pseudo-terminal, as a program and
-// in-process.
+// and how change documents alter it, and serving over a pseudo-terminal of its own. The
+// program's --link and --state are exercised by TestEndToEnd.
 class TestVirtualPrinter : public QObject
 {
     Q_OBJECT
@@ -150,47 +139,20 @@ private slots:
     void unparsedSpecificationRejectsChanges()
     {
         QTemporaryDir dir;
+        const QByteArray broken = "<root><PrinterSettingsInfo><A CURRENT=\"1\">";
         QFile file(dir.filePath("broken.xml"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("<root><PrinterSettingsInfo><A CURRENT=\"1\">");
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(broken) == broken.size());
         file.close();
         PrinterState state;
         QString error;
         QVERIFY(state.load(file.fileName(), QString(), &error));
         QVERIFY(!state.isParsed());
-        QCOMPARE(state.specification(), QByteArray("<root><PrinterSettingsInfo><A CURRENT=\"1\">"));
+        QCOMPARE(state.specification(), broken);
         QStringList notes;
         QVERIFY(!state.applyChanges(changes("<A CURRENT=\"2\"/>"), &notes));
         QCOMPARE(notes, QStringList{"the served specification does not parse"});
         QVERIFY(!state.load(dir.filePath("missing.xml"), QString(), &error));
         QVERIFY(error.startsWith("cannot read "));
-    }
-
-    void programServesAndKeepsState()
-    {
-        QTemporaryDir dir;
-        const QString link = dir.filePath("lp0");
-        const QStringList arguments{"--link", link, "--state", dir.filePath("state.xml"),
-                                    kSpecification};
-        QProcess process;
-        const QString path = startProgram(process, arguments);
-        QVERIFY(path.startsWith("/dev/pts/"));
-        QCOMPARE(QFileInfo(link).symLinkTarget(), path);
-        TAVClient client(link, nullptr);
-        client.setTimings(200, 200, 3000);
-        QVERIFY(client.setChanges_tav("<root><PrinterSettingsInfo><Language CURRENT=\"German\"/>"
-                                      "</PrinterSettingsInfo></root>"));
-        process.terminate();
-        QVERIFY(process.waitForFinished(10000));
-        QCOMPARE(process.exitCode(), 0);
-        QVERIFY(!QFileInfo::exists(link));
-        QVERIFY(process.readAllStandardError().contains(
-            "setting <Language>: \"English\" -> \"German\""));
-        QProcess restarted;
-        QVERIFY(!startProgram(restarted, arguments).isEmpty());
-        QVERIFY(fetch(link).contains("CURRENT=\"German\""));
-        restarted.terminate();
-        QVERIFY(restarted.waitForFinished(10000));
     }
 
     void servesAsConfigured_data()
