@@ -85,11 +85,7 @@ private slots:
                            "someFunction\\| ERROR: broken\\n$"));
         QVERIFY2(shape.match(QString::fromLatin1(line)).hasMatch(), line.constData());
         QVERIFY(line.contains(QByteArray::number(getpid()) + '.'));
-    }
-
-    void debugShowsDetail()
-    {
-        logLevel = kDebugLogLevel;
+        // Detail shows up to level 11.
         QVERIFY(logged(11, "chatty").endsWith("| chatty\n"));
         QCOMPARE(logged(12, "too chatty"), QByteArray());
     }
@@ -221,17 +217,9 @@ private slots:
 
     void traceToStdoutShape()
     {
-        QTemporaryFile file;
-        QVERIFY(file.open());
-        fflush(stdout);
-        const int saved = dup(STDOUT_FILENO);
-        dup2(file.handle(), STDOUT_FILENO);
+        StderrCapture capture(STDOUT_FILENO);
         traceToStdout("count=%d", 7);
-        fflush(stdout);
-        dup2(saved, STDOUT_FILENO);
-        close(saved);
-        file.seek(0);
-        const QString line = QString::fromLatin1(file.readAll());
+        const QString line = QString::fromLatin1(capture.text());
         QVERIFY2(QRegularExpression(QStringLiteral("^\\d{2}:\\d{2}:\\d{2}\\.\\d{3}> count=7\\n$"))
                      .match(line)
                      .hasMatch(),
