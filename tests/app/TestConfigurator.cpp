@@ -66,41 +66,6 @@ class TestConfigurator : public QObject
 private slots:
     void cleanup() { qunsetenv("LC_ALL"); }
 
-    void versionReport_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QByteArray>("expected");
-        QTest::newRow("missing")
-            << 0 << QByteArray("Configurator::Configurator() can't get application version\n");
-        QTest::newRow("unopenable")
-            << 1 << QByteArray("Configurator::Configurator() can't open version file\n");
-        QTest::newRow("empty") << 2
-                               << QByteArray(
-                                      "Configurator::Configurator() can't read version file\n");
-        QTest::newRow("banner")
-            << 3
-            << QByteArray(
-                   "\n=========================================================\n\t\tTavolor: "
-                   "2.1.0\n=========================================================\n\n");
-    }
-
-    void versionReport()
-    {
-        QFETCH(int, kind);
-        QFETCH(QByteArray, expected);
-        Installation install;
-        const QString version = install.bin() + "/.version";
-        if (kind == 1)
-            QDir().mkpath(version); // exists, but cannot be read as a file
-        if (kind == 2)
-            write(version, QByteArray());
-        if (kind == 3)
-            write(version, "2.1.0\nsecond line\n");
-        StderrCapture capture;
-        Configurator configurator(install.bin(), "/dev/null", kDevName, true, false, false, false);
-        QCOMPARE(capture.text(), expected);
-    }
-
     // "use_local_tav" reads ./tav.xml; "save_tav" keeps the bytes read beside the program.
     void localSpecification()
     {

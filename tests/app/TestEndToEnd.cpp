@@ -31,33 +31,28 @@ QByteArray xdotool(const QStringList& arguments)
     return process.readAllStandardOutput().trimmed();
 }
 
-QStringList windowsNamed(const QString& pattern)
+// The visible windows whose title matches the pattern, waiting up to 15 s for the first one.
+QStringList windowsNamed(const QString& pattern, int tries = 1)
 {
-    const QByteArray found = xdotool({"search", "--onlyvisible", "--name", pattern});
-    return QString::fromLatin1(found).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QStringList windows;
+    while (tries-- > 0 && windows.isEmpty()) {
+        const QByteArray found = xdotool({"search", "--onlyvisible", "--name", pattern});
+        windows = QString::fromLatin1(found).split('\n', Qt::SkipEmptyParts);
+        if (windows.isEmpty() && tries > 0)
+            QTest::qWait(50);
+    }
+    return windows;
 }
 
 QString waitForWindow(const QString& pattern)
 {
-    for (int i = 0; i < 300; ++i) {
-        const QStringList windows = windowsNamed(pattern);
-        if (!windows.isEmpty())
-            return windows.first();
-        QTest::qWait(50);
-    }
-    return QString();
+    return windowsNamed(pattern, 300).value(0);
 }
 
 void pressKeys(const QString& window, const QStringList& keys)
 {
     xdotool({"windowfocus", "--sync", window});
     xdotool(QStringList{"key", "--delay", "30"} + keys);
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 // The program installed in a folder of its own, as the printing system would find it, so the
@@ -72,8 +67,7 @@ struct Installation
         QDir().mkpath(bin);
         QFile::copy(TavProcess::path(), bin + "/tav");
         for (const char* name : {"dependencies.xml", ".version"})
-            QFile::copy(QString(TAV_BIN_DIR "/") + QLatin1String(name),
-                        bin + QLatin1Char('/') + QLatin1String(name));
+            QFile::copy(TAV_BIN_DIR "/" + QString(name), bin + '/' + name);
         QFile::link(QString(TAV_SHARE_DIR), dir.filePath("share"));
     }
 
@@ -88,7 +82,8 @@ struct Installation
 
     QByteArray savedFile(const char* pattern) const
     {
-        return readFile(bin + QLatin1Char('/') + QString::fromLatin1(pattern).arg(kDevName));
+        QFile file(bin + '/' + QString::fromLatin1(pattern).arg(kDevName));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     void start(QProcess& tav, const QString& device, const QStringList& keywords = {},

@@ -214,17 +214,6 @@ private slots:
                  text.constData());
         QCOMPARE(after, 2);
     }
-
-    void traceToStdoutShape()
-    {
-        StderrCapture capture(STDOUT_FILENO);
-        traceToStdout("count=%d", 7);
-        const QString line = QString::fromLatin1(capture.text());
-        QVERIFY2(QRegularExpression(QStringLiteral("^\\d{2}:\\d{2}:\\d{2}\\.\\d{3}> count=7\\n$"))
-                     .match(line)
-                     .hasMatch(),
-                 qPrintable(line));
-    }
 };
 
 QTEST_APPLESS_MAIN(TestLog)

@@ -87,14 +87,6 @@ private slots:
             TavProcess::run({device.at(0), device.at(1) + "-other"}, "Qt version");
         QCOMPARE(other.status, TavProcess::Run::kStopped);
     }
-
-    void initializeOnlyOnce()
-    {
-        const int before = QApplication::topLevelWidgets().size();
-        app()->initialize(true);
-        QCOMPARE(QApplication::topLevelWidgets().size(), before);
-        QVERIFY(app()->isRunning());
-    }
 };
 
 int main(int argc, char** argv)

@@ -153,25 +153,6 @@ private slots:
         QCOMPARE(log.text().contains("ioctl failed with code 25: <Inappropriate ioctl for device>"),
                  ioctlId.isEmpty());
     }
-
-    // Opening reports who the device is; a guarded request wakes it first.
-    void initAndGuardedRequest()
-    {
-        behaviour.deviceId = "MFG:Ormund;MDL:MFC-100;";
-        behaviour.extendedId = "CMD:PJL,IDS;";
-        mock.setBehaviour(behaviour);
-        LogCapture log;
-        IOClient client(UsbPrinterMock::kUsblp);
-        const QByteArray text = log.text();
-        QVERIFY(text.contains("IOClientUsbEp0::init()"));
-        QVERIFY(text.contains("\tdevID[23]: <MFG:Ormund;MDL:MFC-100;>"));
-        QVERIFY(text.contains("\textDevID[12]: <CMD:PJL,IDS;>"));
-        QVERIFY(text.contains("\tdevStatus[8]: <0012345600000000>"));
-        mock.setBehaviour(behaviour);
-        unsigned char buffer[255] = {};
-        QCOMPARE(client.ep0().command_safe(0xC1, 0xE0, 0x0100, 0, buffer, 255, 1000), 12);
-        QCOMPARE(mock.controlRequests(), (QList<uint8_t>{0x99, 0xE0}));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestIOClientUsbEp0)

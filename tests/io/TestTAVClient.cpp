@@ -128,23 +128,22 @@ private slots:
         QTest::addColumn<bool>("changes"); // send changes rather than fetch the specification
         QTest::addColumn<QString>("logged");
         QTest::addColumn<int>("served");
-        const QString wrongSize = "\twrong size of response 0";
+        const auto row = [](bool ids, const char* name, const char* fault, bool changes,
+                            const QString& logged) {
+            QTest::addRow("%s, %s", ids ? "IDS" : "TAV", name)
+                << ids << fault << changes << logged << 1;
+        };
         for (bool ids : {false, true}) {
-            const char* framing = ids ? "IDS" : "TAV";
-            QTest::addRow("%s, size 0 asks no more", framing)
-                << ids << "zero" << false
-                << QString("TAVClient::getSpecification_%1(): size of buffer is 0!")
-                       .arg(ids ? "ids" : "tav")
-                << 1;
-            QTest::addRow("%s, huge size asks no more", framing)
-                << ids << "huge" << false << QString("exceeds the limit of 67108864 bytes; refused")
-                << 1;
-            QTest::addRow("%s, short size reply", framing)
-                << ids << "short" << false << wrongSize << 1;
-            QTest::addRow("%s, short change reply", framing)
-                << ids << "short" << true << wrongSize << 1;
-            QTest::addRow("%s, rejected", framing) << ids << "reject" << true << QString() << 1;
-            QTest::addRow("%s, never answers", framing) << ids << "mute" << false << wrongSize << 1;
+            const QString wrongSize = "\twrong size of response 0";
+            row(ids, "size 0 asks no more", "zero", false,
+                QString("TAVClient::getSpecification_%1(): size of buffer is 0!")
+                    .arg(ids ? "ids" : "tav"));
+            row(ids, "huge size asks no more", "huge", false,
+                "exceeds the limit of 67108864 bytes; refused");
+            row(ids, "short size reply", "short", false, wrongSize);
+            row(ids, "short change reply", "short", true, wrongSize);
+            row(ids, "rejected", "reject", true, QString());
+            row(ids, "never answers", "mute", false, wrongSize);
         }
         QTest::newRow("TAV, garbage") << false << "garbage" << false << QString() << -1;
         QTest::newRow("empty changes are not sent") << false << "empty" << true << QString() << 0;
