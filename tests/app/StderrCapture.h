@@ -6,37 +6,35 @@
 #include <cstdio>
 #include <unistd.h>
 
-// Redirects file descriptor 2 into a temporary file for the lifetime of the object.
+// Redirects a file descriptor, standard error unless told otherwise, into a temporary file
+// for the lifetime of the object or until text() is first asked for.
 class StderrCapture
 {
 public:
-    StderrCapture()
+    explicit StderrCapture(int fd = STDERR_FILENO)
+        : fd(fd)
     {
         file.open();
-        fflush(stderr);
-        saved = dup(STDERR_FILENO);
-        dup2(file.handle(), STDERR_FILENO);
+        fflush(nullptr);
+        saved = dup(fd);
+        dup2(file.handle(), fd);
     }
-    ~StderrCapture() { restore(); }
+    ~StderrCapture() { text(); }
 
     QByteArray text()
     {
-        restore();
+        if (saved >= 0) {
+            fflush(nullptr);
+            dup2(saved, fd);
+            close(saved);
+            saved = -1;
+        }
         file.seek(0);
         return file.readAll();
     }
 
 private:
-    void restore()
-    {
-        if (saved < 0)
-            return;
-        fflush(stderr);
-        dup2(saved, STDERR_FILENO);
-        close(saved);
-        saved = -1;
-    }
-
     QTemporaryFile file;
+    const int fd;
     int saved = -1;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QProcess>
@@ -34,35 +35,34 @@ inline QProcessEnvironment environment()
     return env;
 }
 
-// Starts the program and waits until it ends. With `until`, the program is stopped as soon as
-// that text appears on its standard error: past that point it shows a window and would wait
-// for a user. Waits at most 30 s either way.
-inline Run run(const QStringList& arguments, const QByteArray& until = QByteArray(),
-               const QString& program = path(), const QProcessEnvironment& env = environment())
+// Starts the program and waits until it ends, keeping this process's events turning. With
+// `until`, the program is stopped as soon as that text appears on its standard error: past
+// that point it shows a window and would wait for a user. Waits at most 30 s either way.
+inline Run run(const QStringList& arguments, const QByteArray& until = QByteArray())
 {
     QProcess process;
-    process.setProcessEnvironment(env);
+    process.setProcessEnvironment(environment());
     process.setWorkingDirectory(QDir::tempPath());
-    process.start(program, arguments);
+    process.start(path(), arguments);
     Run result;
     QElapsedTimer clock;
     clock.start();
-    while (!process.waitForFinished(20)) {
+    bool seen = false;
+    while (process.state() != QProcess::NotRunning && !process.waitForFinished(20)) {
+        QCoreApplication::processEvents();
         result.err += process.readAllStandardError();
-        if (process.state() != QProcess::Running && process.error() == QProcess::FailedToStart)
-            return result;
-        const bool seen = !until.isEmpty() && result.err.contains(until);
+        seen = !until.isEmpty() && result.err.contains(until);
         if (seen || clock.elapsed() > 30000) {
             process.kill();
             process.waitForFinished(5000);
-            result.status = seen ? Run::kStopped : Run::kNotFinished;
-            result.err += process.readAllStandardError();
-            result.out = process.readAllStandardOutput();
-            return result;
+            break;
         }
     }
-    result.status =
-        process.exitStatus() == QProcess::NormalExit ? process.exitCode() : Run::kCrashed;
+    if (seen)
+        result.status = Run::kStopped;
+    else if (process.error() != QProcess::FailedToStart && clock.elapsed() <= 30000)
+        result.status =
+            process.exitStatus() == QProcess::NormalExit ? process.exitCode() : Run::kCrashed;
     result.out = process.readAllStandardOutput();
     result.err += process.readAllStandardError();
     return result;

@@ -5,10 +5,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 using namespace ExternalPrograms;
 
@@ -27,12 +25,12 @@ void writeRecorder(const QString& path)
 
 QStringList recorded(const QString& program)
 {
-    QFile file(program + QString(".args"));
+    QFile file(program + ".args");
     for (int i = 0; i < 500 && !file.exists(); ++i)
         QTest::qWait(10);
     QTest::qWait(20);
     if (!file.open(QIODevice::ReadOnly))
-        return {QString("<nothing recorded>")};
+        return {"<nothing recorded>"};
     return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
@@ -47,17 +45,23 @@ private slots:
     {
         QTest::addColumn<QString>("word");
         QTest::addColumn<QString>("quoted");
-        QTest::newRow("device path") << QString("/dev/usb/lp0") << QString("/dev/usb/lp0");
-        QTest::newRow("safe punctuation")
-            << QString("a.b_c-d:e=f,g+h@i%j") << QString("a.b_c-d:e=f,g+h@i%j");
-        QTest::newRow("blank") << QString("/dev/usb/my lp0") << QString("'/dev/usb/my lp0'");
-        QTest::newRow("empty") << QString() << QString("''");
-        QTest::newRow("single quote") << QString("it's") << QString("'it'\\''s'");
-        QTest::newRow("command substitution") << QString("$(id)") << QString("'$(id)'");
-        QTest::newRow("address with & and ;") << QString("http://host/?a=1&b=2;touch /tmp/x")
-                                              << QString("'http://host/?a=1&b=2;touch /tmp/x'");
-        QTest::newRow("non-ASCII") << QString("Dr\u00fccker") << QString("'Dr\u00fccker'");
-        QTest::newRow("newline") << QString("a\nb") << QString("'a\nb'");
+        QTest::newRow("device path") << "/dev/usb/lp0"
+                                     << "/dev/usb/lp0";
+        QTest::newRow("safe punctuation") << "a.b_c-d:e=f,g+h@i%j"
+                                          << "a.b_c-d:e=f,g+h@i%j";
+        QTest::newRow("blank") << "/dev/usb/my lp0"
+                               << "'/dev/usb/my lp0'";
+        QTest::newRow("empty") << QString() << "''";
+        QTest::newRow("single quote") << "it's"
+                                      << "'it'\\''s'";
+        QTest::newRow("command substitution") << "$(id)"
+                                              << "'$(id)'";
+        QTest::newRow("address with & and ;") << "http://host/?a=1&b=2;touch /tmp/x"
+                                              << "'http://host/?a=1&b=2;touch /tmp/x'";
+        QTest::newRow("non-ASCII") << "Dr\u00fccker"
+                                   << "'Dr\u00fccker'";
+        QTest::newRow("newline") << "a\nb"
+                                 << "'a\nb'";
     }
 
     void shellQuote()
@@ -65,15 +69,6 @@ private slots:
         QFETCH(QString, word);
         QFETCH(QString, quoted);
         QCOMPARE(ExternalPrograms::shellQuote(word), quoted);
-    }
-
-    void commandShape()
-    {
-        QCOMPARE(launchCommand(QString("/opt/T/WirelessSetup/bin/wirelesssetup"),
-                               {QString("/dev/usb/lp0")}),
-                 QString("'/opt/T/WirelessSetup/bin/wirelesssetup' /dev/usb/lp0 &"));
-        QCOMPARE(launchCommand(QString("/a b/it's"), {QString("x"), QString("y z")}),
-                 QString("'/a b/it'\\''s' x 'y z' &"));
     }
 
     void launchers_data()
@@ -92,35 +87,30 @@ private slots:
         QFETCH(QString, program);
         // A program folder with a blank, and a device path that tries to run a command.
         QTemporaryDir root;
-        const QString programDir = root.filePath(QString("Tavolor Suite/Tav/bin"));
+        const QString programDir = root.filePath("Tavolor Suite/Tav/bin");
         QDir().mkpath(programDir);
         const QString sibling = QDir::cleanPath(programDir + QLatin1Char('/') + program);
         writeRecorder(sibling);
-        const QString hostile =
-            QString("/dev/usb/my lp0;touch ") + root.filePath(QString("INJECTED"));
+        const QString hostile = "/dev/usb/my lp0;touch " + root.filePath("INJECTED");
 
         StderrCapture capture;
         bool (*const run[])(const QString&, const QStringList&) = {runWirelessSetup, runAddressBook,
                                                                    runEmailBook, runPhoneBook};
-        QVERIFY(run[which](programDir, {hostile, QString("plain")}));
+        QVERIFY(run[which](programDir, {hostile, "plain"}));
         const QByteArray log = capture.text();
         QCOMPARE(recorded(sibling), (QStringList{hostile, "plain"}));
-        QVERIFY(!QFile::exists(root.filePath(QString("INJECTED"))));
+        QVERIFY(!QFile::exists(root.filePath("INJECTED")));
+        // A sibling that is not installed still counts as started: the shell reports it.
+        QVERIFY(run[which](root.filePath("elsewhere"), {"/dev/usb/lp0"}));
         QVERIFY2(log.contains("Command: '" + QFile::encodeName(sibling) + "' '" + hostile.toUtf8() +
                               "' plain &\n"),
                  log.constData());
     }
 
-    void missingSiblingStillCountsAsStarted()
-    {
-        QTemporaryDir root;
-        QVERIFY(runPhoneBook(root.filePath(QString("Tav/bin")), {QString("/dev/usb/lp0")}));
-    }
-
     void bookConfiguration_data()
     {
         QTest::addColumn<QString>("description");
-        QTest::newRow("with text") << QString("<PhoneBook TYPE=\"PHONEBOOK\"/>");
+        QTest::newRow("with text") << "<PhoneBook TYPE=\"PHONEBOOK\"/>";
         QTest::newRow("empty text still empties the file") << QString();
     }
 
@@ -128,7 +118,7 @@ private slots:
     {
         QFETCH(QString, description);
         QTemporaryDir root;
-        const QString programDir = root.filePath(QString("Tav/bin"));
+        const QString programDir = root.filePath("Tav/bin");
         QDir().mkpath(programDir);
         const QString sibling = QDir::cleanPath(programDir + QLatin1Char('/') + PhoneBookPath);
         writeRecorder(sibling);
@@ -138,8 +128,7 @@ private slots:
             QVERIFY(stale.open(QIODevice::WriteOnly));
             stale.write("old contents");
         }
-        QVERIFY(startBook(programDir, PhoneBookPath, PhoneBookConfig, description,
-                          QString("/dev/usb/lp1")));
+        QVERIFY(startBook(programDir, PhoneBookPath, PhoneBookConfig, description, "/dev/usb/lp1"));
         QCOMPARE(recorded(sibling), (QStringList{"/dev/usb/lp1", config}));
         QFile file(config);
         QVERIFY(file.open(QIODevice::ReadOnly));
@@ -149,57 +138,41 @@ private slots:
     void browserOrderAndQuoting()
     {
         QTemporaryDir root;
-        const QString konqueror = root.filePath(QString("konqueror"));
-        const QString firefox = root.filePath(QString("firefox"));
+        const QString konqueror = root.filePath("konqueror");
+        const QString firefox = root.filePath("firefox");
         writeRecorder(konqueror);
         writeRecorder(firefox);
-        const QString address =
-            QString("http://host/?a=1&b=2;touch ") + root.filePath(QString("INJECTED"));
+        const QString address = "http://host/?a=1&b=2;touch " + root.filePath("INJECTED");
         StderrCapture capture;
-        StartWebBrowser(address, {root.filePath(QString("mozilla")), konqueror, firefox});
+        StartWebBrowser(address, {root.filePath("mozilla"), konqueror, firefox});
         const QByteArray log = capture.text();
         QCOMPARE(recorded(konqueror), QStringList{address});
-        QVERIFY(!QFile::exists(firefox + QString(".args")));
-        QVERIFY(!QFile::exists(root.filePath(QString("INJECTED"))));
+        QVERIFY(!QFile::exists(firefox + ".args"));
+        QVERIFY(!QFile::exists(root.filePath("INJECTED")));
         QVERIFY2(log.contains("StartWebBrowser command : \"" + QFile::encodeName(konqueror) + " '" +
                               address.toUtf8() + "' &\""),
                  log.constData());
-    }
-
-    void noBrowserTellsTheAddress()
-    {
-        QString shown;
-        QTimer::singleShot(0, this, [&shown] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box)
-                return;
-            shown = box->windowTitle() + QLatin1Char('|') + box->text();
-            box->accept();
-        });
-        StartWebBrowser(QString("http://192.0.2.7/"), {QString("/nonexistent/browser")});
-        QCOMPARE(shown,
-                 QString("Warning|Web browser not found.\nUse that address:\nhttp://192.0.2.7/"));
     }
 
     void resolvePaths_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("resolved");
-        QTest::newRow("empty") << QString() << QString("/opt/Tav/bin");
-        QTest::newRow("dot slash") << QString("./tav.xml") << QString("/opt/Tav/bin/tav.xml");
-        QTest::newRow("parent") << QString("../share/capabilities.xml")
-                                << QString("/opt/Tav/share/capabilities.xml");
-        QTest::newRow("sibling") << WirelessSetupPath
-                                 << QString("/opt/WirelessSetup/bin/wirelesssetup");
-        QTest::newRow("plain") << QString("dependencies.xml")
-                               << QString("/opt/Tav/bin/dependencies.xml");
+        QTest::newRow("empty") << QString() << "/opt/Tav/bin";
+        QTest::newRow("dot slash") << "./tav.xml"
+                                   << "/opt/Tav/bin/tav.xml";
+        QTest::newRow("parent") << "../share/capabilities.xml"
+                                << "/opt/Tav/share/capabilities.xml";
+        QTest::newRow("sibling") << WirelessSetupPath << "/opt/WirelessSetup/bin/wirelesssetup";
+        QTest::newRow("plain") << "dependencies.xml"
+                               << "/opt/Tav/bin/dependencies.xml";
     }
 
     void resolvePaths()
     {
         QFETCH(QString, name);
         QFETCH(QString, resolved);
-        QCOMPARE(resolveProgramPath(QString("/opt/Tav/bin"), name), resolved);
+        QCOMPARE(resolveProgramPath("/opt/Tav/bin", name), resolved);
     }
 };
 

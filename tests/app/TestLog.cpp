@@ -85,11 +85,7 @@ private slots:
                            "someFunction\\| ERROR: broken\\n$"));
         QVERIFY2(shape.match(QString::fromLatin1(line)).hasMatch(), line.constData());
         QVERIFY(line.contains(QByteArray::number(getpid()) + '.'));
-    }
-
-    void debugShowsDetail()
-    {
-        logLevel = kDebugLogLevel;
+        // Detail shows up to level 11.
         QVERIFY(logged(11, "chatty").endsWith("| chatty\n"));
         QCOMPARE(logged(12, "too chatty"), QByteArray());
     }
@@ -217,25 +213,6 @@ private slots:
         QVERIFY2(text.startsWith("ASSERT: \"it != capsList.end()\" in TestLog.cpp ("),
                  text.constData());
         QCOMPARE(after, 2);
-    }
-
-    void traceToStdoutShape()
-    {
-        QTemporaryFile file;
-        QVERIFY(file.open());
-        fflush(stdout);
-        const int saved = dup(STDOUT_FILENO);
-        dup2(file.handle(), STDOUT_FILENO);
-        traceToStdout("count=%d", 7);
-        fflush(stdout);
-        dup2(saved, STDOUT_FILENO);
-        close(saved);
-        file.seek(0);
-        const QString line = QString::fromLatin1(file.readAll());
-        QVERIFY2(QRegularExpression(QStringLiteral("^\\d{2}:\\d{2}:\\d{2}\\.\\d{3}> count=7\\n$"))
-                     .match(line)
-                     .hasMatch(),
-                 qPrintable(line));
     }
 };
 

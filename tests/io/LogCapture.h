@@ -6,16 +6,9 @@
 
 // Collects what the diagnostic log writes to standard error at the given level while it
 // lives, or until text() is first asked for; restores both afterwards.
-class LogCapture : public StderrCapture
+struct LogCapture : StderrCapture
 {
-public:
-    explicit LogCapture(uint32_t level = 11)
-        : savedLevel(logLevel)
-    {
-        logLevel = level;
-    }
-    ~LogCapture() { logLevel = savedLevel; }
-
-private:
-    uint32_t savedLevel;
+    explicit LogCapture(uint32_t level = 11) { logLevel = level; }
+    ~LogCapture() { logLevel = saved; }
+    const uint32_t saved = logLevel;
 };

@@ -2,7 +2,6 @@
 
 #include "VirtualPrinter.h"
 
-#include <QDebug>
 #include <QFile>
 #include <QMutex>
 #include <QStringList>
@@ -28,13 +27,12 @@ public:
             thread.join();
         }
     }
-
     // On a terminal of its own, or on an existing master.
     bool start(int masterFd = -1)
     {
         QString error;
         if (!(masterFd < 0 ? printer.start(&error) : printer.attach(masterFd, &error))) {
-            qWarning() << "virtual printer:" << error;
+            qWarning("virtual printer: %s", qPrintable(error));
             return false;
         }
         thread = std::thread([this] { printer.run(); });

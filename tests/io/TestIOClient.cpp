@@ -1,23 +1,18 @@
 #include "IOClient.h"
 #include "IOClientLocker.h"
 #include "LogCapture.h"
-#include "PrinterThread.h"
 #include "PseudoTerminal.h"
-#include "TAVCommand.h"
-#include "UsbPrinterMock.h"
 
-#include <QFileInfo>
 #include <QTest>
 
 #include <unistd.h>
 
-// The data channel: opening it for one operation and bounded transfers on a pseudo-terminal,
-// the request/response exchange on an emulated usblp node (umockdev).
+// The data channel on a pseudo-terminal: opening it for one operation, bounded reads.
+// The request/response exchange itself is proven end to end by TestTAVClient.
 class TestIOClient : public QObject
 {
     Q_OBJECT
 
-    UsbPrinterMock mock; // before anything starts libusb
     PseudoTerminal terminal;
 
 private slots:
@@ -33,23 +28,21 @@ private slots:
         QTest::addColumn<bool>("valid");
         QTest::addColumn<QString>("logged");
         const int raw = QIODevice::Unbuffered;
-        QTest::newRow("closed") << 0 << true << QString("\tm_isValid=1");
-        QTest::newRow("open raw read-write")
-            << int(QIODevice::ReadWrite | raw) << true << QString("\talready open with mode 43");
-        QTest::newRow("open read-only")
-            << int(QIODevice::ReadOnly | raw) << false << QString("\talready open with mode 41");
-        QTest::newRow("open buffered")
-            << int(QIODevice::ReadWrite) << false << QString("\talready open with mode 3");
+        QTest::newRow("closed") << 0 << true << "\tm_isValid=1";
+        QTest::newRow("raw read-write") << int(QIODevice::ReadWrite | raw) << true << "mode 43";
+        QTest::newRow("read-only") << int(QIODevice::ReadOnly | raw) << false << "mode 41";
+        QTest::newRow("buffered") << int(QIODevice::ReadWrite) << false
+                                  << "\talready open with mode 3";
         QTest::newRow("missing device") << -1 << false
-                                        << QString("can't open device '/nonexistent/lp0' "
-                                                   "status=5: open/readable/writable/raw: 0/0/0/0");
+                                        << "can't open device '/nonexistent/lp0' status=5: "
+                                           "open/readable/writable/raw: 0/0/0/0";
     }
     void lockerOpensOnlyWhatIsClosed()
     {
         QFETCH(int, initialMode);
         QFETCH(bool, valid);
         QFETCH(QString, logged);
-        IOClient client(initialMode < 0 ? QString("/nonexistent/lp0") : terminal.slavePath());
+        IOClient client(initialMode < 0 ? "/nonexistent/lp0" : terminal.slavePath());
         if (initialMode > 0)
             QVERIFY(client.open(QIODevice::OpenMode(initialMode)));
         LogCapture log;
@@ -97,67 +90,6 @@ private slots:
             QVERIFY(int(result.elapsed) >= limit);
         client.close();
         terminal.dropUnreadReplies();
-    }
-
-    void writeStopsAtLimit()
-    {
-        // Nobody reads the master, so the terminal's buffer fills and the write stalls.
-        IOClient client(terminal.slavePath());
-        client.setWritePollTimeout(20000);
-        QVERIFY(client.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
-        const QByteArray data(1 << 20, 'w');
-        const TransferResult result =
-            client.writeWithLimit(data.constData(), uint32_t(data.size()), 300);
-        QVERIFY(!result.ok);
-        QVERIFY(result.size > 0 && result.size < uint32_t(data.size()));
-        QByteArray drain(65536, '\0');
-        while (::read(terminal.master(), drain.data(), size_t(drain.size())) > 0) {
-        }
-        const TransferResult none = client.writeWithLimit(data.constData(), 4, 0);
-        QVERIFY(!none.ok);
-        QCOMPARE(none.size, 0u);
-    }
-
-    void commandWakesAndExchanges()
-    {
-        mock.setBehaviour();
-        VirtualPrinterOptions options;
-        options.specificationFile = QStringLiteral(TAV_IO_TEST_DATA "/printer.xml");
-        PrinterThread printer(options);
-        QVERIFY(printer.start(mock.dataMaster()));
-        IOClient client(UsbPrinterMock::kUsblp);
-        mock.setBehaviour();
-        const TAVCommand query = TAVCommand::tav("ALL?");
-        char reply[8] = {};
-        LogCapture log(10);
-        const TransferResult result =
-            client.command(query.constData(), uint32_t(query.size()), reply, sizeof reply, 5000);
-        QVERIFY(result.ok);
-        QCOMPARE(result.size, 8u);
-        QCOMPARE(QByteArray(reply, 2), QByteArray("\x1b#"));
-        QCOMPARE(TAVCommand::bigEndian32(reply + 2),
-                 uint32_t(QFileInfo(options.specificationFile).size()));
-        QCOMPARE(mock.controlRequests().count(0x02), 1); // the status probe found it awake
-        QVERIFY(!client.isOpen());
-        QVERIFY(log.text().contains("IOClient::command(): read response data:\nresult = OK    "
-                                    "size = 8 bytes    elapsed = "));
-        // Nothing to send still wakes the device.
-        mock.setBehaviour();
-        QVERIFY(client.command(nullptr, 0, nullptr, 0, 1000).ok);
-        QCOMPARE(mock.controlRequests().count(0x02), 1);
-    }
-
-    // A device left open read-only cannot carry an exchange: nothing is written.
-    void commandNeedsReadWrite()
-    {
-        mock.setBehaviour();
-        IOClient client(UsbPrinterMock::kUsblp);
-        QVERIFY(client.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
-        LogCapture log(9);
-        const TransferResult result = client.command("x", 1, nullptr, 0, 1000);
-        QVERIFY(!result.ok);
-        QCOMPARE(result.size, 0u);
-        QVERIFY(log.text().contains("IOClient::command(): can't open device: </dev/usb/lp0> !"));
     }
 };
 

@@ -31,11 +31,11 @@ class TestTAVClient : public QObject
 
     UsbPrinterMock mock; // before anything starts libusb
 
-    void useFraming(bool ids)
+    static UsbPrinterMock::Behaviour framing(bool ids)
     {
         UsbPrinterMock::Behaviour behaviour;
         behaviour.extendedId = ids ? "MFG:Ormund;CMD:PJL,IDS;MDL:MFC-100;" : "CMD:PJL;";
-        mock.setBehaviour(behaviour);
+        return behaviour;
     }
     static QString fetch(TAVClient& client)
     {
@@ -83,30 +83,42 @@ private slots:
     void endToEnd_data()
     {
         QTest::addColumn<bool>("ids");
-        QTest::addColumn<bool>("timed");
-        QTest::newRow("TAV, waiting for ever") << false << false;
-        QTest::newRow("TAV, dialog timings") << false << true;
-        QTest::newRow("IDS, waiting for ever") << true << false;
-        QTest::newRow("IDS, dialog timings") << true << true;
+        QTest::addColumn<int>("pollMs"); // 0: no limits, waiting for ever
+        QTest::addColumn<int>("idleMs");
+        QTest::addColumn<int>("bytesPerSecond"); // 0: at once
+        QTest::newRow("TAV, waiting for ever") << false << 0 << 0 << 0;
+        QTest::newRow("TAV, dialog timings") << false << 200 << 3000 << 0;
+        // Over a second for the whole text, in steps of 0.1 s: never idle for 500 ms.
+        QTest::newRow("TAV, slow but moving is not cut off") << false << 20 << 500 << 1000;
+        QTest::newRow("IDS, waiting for ever") << true << 0 << 0 << 0;
+        QTest::newRow("IDS, dialog timings") << true << 200 << 3000 << 0;
     }
     void endToEnd()
     {
         QFETCH(bool, ids);
-        QFETCH(bool, timed);
-        useFraming(ids);
-        PrinterThread printer(options(ids));
+        QFETCH(int, pollMs);
+        QFETCH(int, idleMs);
+        QFETCH(int, bytesPerSecond);
+        UsbPrinterMock::Behaviour behaviour = framing(ids);
+        mock.setBehaviour(behaviour);
+        VirtualPrinterOptions settings = options(ids);
+        settings.bytesPerSecond = bytesPerSecond;
+        PrinterThread printer(settings);
         QVERIFY(printer.start(mock.dataMaster()));
         Capabilities capabilities;
         TAVClient client(UsbPrinterMock::kUsblp, &capabilities);
         QCOMPARE(client.useIds(), ids);
-        if (timed)
-            client.setTimings(200, 200, 3000);
+        if (pollMs)
+            client.setTimings(pollMs, pollMs, idleMs);
+        behaviour.silentProbes = 1; // asleep now: the first exchange has to wake it
+        mock.setBehaviour(behaviour);
         QCOMPARE(fetch(client).toLatin1(), PrinterThread::fileText(kSpecification));
         QVERIFY(send(client,
                      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<root><PrinterSettingsInfo>"
                      "<SleepTime CURRENT=\"17\"/></PrinterSettingsInfo></root>\n"));
         QCOMPARE(printer.printer.state().current("SleepTime"), QStringLiteral("17"));
         QVERIFY(fetch(client).contains("CURRENT=\"17\""));
+        QCOMPARE(mock.controlRequests().count(0x99), 1);
     }
 
     void faultsFail_data()
@@ -116,23 +128,22 @@ private slots:
         QTest::addColumn<bool>("changes"); // send changes rather than fetch the specification
         QTest::addColumn<QString>("logged");
         QTest::addColumn<int>("served");
-        const QString wrongSize = "\twrong size of response 0";
+        const auto row = [](bool ids, const char* name, const char* fault, bool changes,
+                            const QString& logged) {
+            QTest::addRow("%s, %s", ids ? "IDS" : "TAV", name)
+                << ids << fault << changes << logged << 1;
+        };
         for (bool ids : {false, true}) {
-            const char* framing = ids ? "IDS" : "TAV";
-            QTest::addRow("%s, size 0 asks no more", framing)
-                << ids << "zero" << false
-                << QString("TAVClient::getSpecification_%1(): size of buffer is 0!")
-                       .arg(ids ? "ids" : "tav")
-                << 1;
-            QTest::addRow("%s, huge size asks no more", framing)
-                << ids << "huge" << false << QString("exceeds the limit of 67108864 bytes; refused")
-                << 1;
-            QTest::addRow("%s, short size reply", framing)
-                << ids << "short" << false << wrongSize << 1;
-            QTest::addRow("%s, short change reply", framing)
-                << ids << "short" << true << wrongSize << 1;
-            QTest::addRow("%s, rejected", framing) << ids << "reject" << true << QString() << 1;
-            QTest::addRow("%s, never answers", framing) << ids << "mute" << false << wrongSize << 1;
+            const QString wrongSize = "\twrong size of response 0";
+            row(ids, "size 0 asks no more", "zero", false,
+                QString("TAVClient::getSpecification_%1(): size of buffer is 0!")
+                    .arg(ids ? "ids" : "tav"));
+            row(ids, "huge size asks no more", "huge", false,
+                "exceeds the limit of 67108864 bytes; refused");
+            row(ids, "short size reply", "short", false, wrongSize);
+            row(ids, "short change reply", "short", true, wrongSize);
+            row(ids, "rejected", "reject", true, QString());
+            row(ids, "never answers", "mute", false, wrongSize);
         }
         QTest::newRow("TAV, garbage") << false << "garbage" << false << QString() << -1;
         QTest::newRow("empty changes are not sent") << false << "empty" << true << QString() << 0;
@@ -158,7 +169,7 @@ private slots:
         settings.rejectChanges = fault == "reject";
         settings.mute = fault == "mute";
         settings.garbage = fault == "garbage";
-        useFraming(ids);
+        mock.setBehaviour(framing(ids));
         PrinterThread printer(settings);
         QVERIFY(printer.start(mock.dataMaster()));
         TAVClient client(UsbPrinterMock::kUsblp, nullptr);
@@ -177,19 +188,6 @@ private slots:
             QCOMPARE(printer.printer.requestsServed(), served);
         if (fault == "reject")
             QCOMPARE(printer.printer.state().current("SleepTime"), QStringLiteral("5"));
-    }
-
-    void slowButMovingIsNotCutOff()
-    {
-        useFraming(false);
-        VirtualPrinterOptions settings = options(false);
-        settings.bytesPerSecond = 1000; // over a second for the whole text, in steps of 0.1 s
-        PrinterThread printer(settings);
-        QVERIFY(printer.start(mock.dataMaster()));
-        TAVClient client(UsbPrinterMock::kUsblp, nullptr);
-        // Far shorter than the whole transfer, longer than any pause between bytes.
-        client.setTimings(20, 20, 500);
-        QCOMPARE(client.getSpecification_tav().toLatin1(), PrinterThread::fileText(kSpecification));
     }
 
     // On a terminal of the printer's own, without USB: the control requests fail at once and

@@ -1,4 +1,3 @@
-#include "LogCapture.h"
 #include "TAVCommand.h"
 
 #include <QTest>
@@ -44,16 +43,6 @@ private slots:
         const TAVCommand command = ids ? TAVCommand::ids(code, data) : TAVCommand::tav(data);
         QCOMPARE(QByteArray(command), bytes);
         QCOMPARE(command.description(), description);
-    }
-
-    void reportsHeaderAndFirstDataBytes()
-    {
-        LogCapture log(9);
-        TAVCommand::tav(QByteArray("0123456789"));
-        QCOMPARE(log.text(),
-                 QByteArray("command header: [0x1b][0x23][0x00][0x00][0x00][0x0a]\n"
-                            "command data: [0x30][0x31][0x32][0x33][0x34][0x35][0x36][0x37]"
-                            " ... 8 from 10\n"));
     }
 };
 

@@ -1,35 +1,10 @@
 #include "PrinterState.h"
 #include "PrinterThread.h"
-#include "RequestParser.h"
 #include "TAVClient.h"
-#include "TAVCommand.h"
 
-#include <QFileInfo>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
-// What the parser yields: "T:<data>" or "I:<code hex>:<data>" per request.
-QStringList parse(RequestParser& parser)
-{
-    QStringList seen;
-    PrinterRequest request;
-    while (parser.next(request)) {
-        if (request.framing == PrinterRequest::Tav)
-            seen << "T:" + QString::fromLatin1(request.data);
-        else
-            seen << QStringLiteral("I:%1:").arg(request.code, 8, 16, QLatin1Char('0')) +
-                        QString::fromLatin1(request.data);
-    }
-    return seen;
-}
-
-QByteArray tav(const char* data)
-{
-    return TAVCommand::tav(data);
-}
-
 QByteArray changes(const QByteArray& items, const QByteArray& root = "PrinterSettingsInfo")
 {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<root><" + root + ">" + items + "</" +
@@ -37,15 +12,6 @@ QByteArray changes(const QByteArray& items, const QByteArray& root = "PrinterSet
 }
 
 const QString kSpecification = QStringLiteral(TAV_IO_TEST_DATA "/printer.xml");
-
-// Starts the program and returns the device path it prints.
-QString startProgram(QProcess& process, const QStringList& arguments)
-{
-    process.start(QStringLiteral(TAV_BIN_DIR "/tav-vprinter"), arguments);
-    if (!process.waitForStarted() || !process.waitForReadyRead(10000))
-        return QString();
-    return QString::fromLocal8Bit(process.readLine()).trimmed();
-}
 
 QString fetch(const QString& device, int idleMs = 3000)
 {
@@ -56,53 +22,14 @@ QString fetch(const QString& device, int idleMs = 3000)
 
 } // namespace
 
-// The virtual printer: cutting the host's byte stream into commands, its copy of the settings
-// and how change documents alter it, and serving over a real pseudo-terminal, as a program and
-// in-process.
+// The virtual printer: its copy of the settings and how change documents alter it, and serving
+// over a pseudo-terminal of its own. Every client test proves how it cuts the byte stream. The
+// program's --link and --state are exercised by TestEndToEnd.
 class TestVirtualPrinter : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void parses_data()
-    {
-        QTest::addColumn<QByteArray>("stream");
-        QTest::addColumn<QStringList>("requests");
-        QTest::addColumn<QStringList>("reports");
-        QTest::newRow("TAV") << tav("ALL?") << QStringList{"T:ALL?"} << QStringList();
-        QTest::newRow("IDS with data") << QByteArray(TAVCommand::ids(0xF5020000, "<a>"))
-                                       << QStringList{"I:f5020000:<a>"} << QStringList();
-        QTest::newRow("two back to back")
-            << tav("ALL?") + tav("DATA") << QStringList{"T:ALL?", "T:DATA"} << QStringList();
-        QTest::newRow("garbage first")
-            << QByteArray("xx\x1bq") + tav("DATA") << QStringList{"T:DATA"}
-            << QStringList{"ignoring 4 bytes that start no request"};
-        QTest::newRow("announces too much")
-            << QByteArray("\x1b#\xff\xff\xff\xff", 6) + tav("ALL?") << QStringList{"T:ALL?"}
-            << QStringList{"ignoring a request that announces 4294967295 bytes",
-                           "ignoring 4 bytes that start no request"};
-    }
-    void parses()
-    {
-        QFETCH(QByteArray, stream);
-        QFETCH(QStringList, requests);
-        QFETCH(QStringList, reports);
-        QStringList reported;
-        RequestParser whole([&](const QString& line) { reported << line; });
-        whole.feed(stream.constData(), int(stream.size()));
-        QCOMPARE(parse(whole), requests);
-        QCOMPARE(reported, reports);
-        QVERIFY(!whole.hasPartial());
-        // Byte by byte: the commands must not depend on how reads cut the stream.
-        RequestParser pieces;
-        QStringList seen;
-        for (char byte : stream) {
-            pieces.feed(&byte, 1);
-            seen += parse(pieces);
-        }
-        QCOMPARE(seen, requests);
-    }
-
     void appliesChanges_data()
     {
         QTest::addColumn<QByteArray>("document");
@@ -145,52 +72,6 @@ private slots:
         QCOMPARE(state.applyChanges(document, &notes), accepted);
         QCOMPARE(state.current(id), value);
         QVERIFY2(notes.contains(note), qPrintable(notes.join('\n')));
-    }
-
-    void unparsedSpecificationRejectsChanges()
-    {
-        QTemporaryDir dir;
-        QFile file(dir.filePath("broken.xml"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("<root><PrinterSettingsInfo><A CURRENT=\"1\">");
-        file.close();
-        PrinterState state;
-        QString error;
-        QVERIFY(state.load(file.fileName(), QString(), &error));
-        QVERIFY(!state.isParsed());
-        QCOMPARE(state.specification(), QByteArray("<root><PrinterSettingsInfo><A CURRENT=\"1\">"));
-        QStringList notes;
-        QVERIFY(!state.applyChanges(changes("<A CURRENT=\"2\"/>"), &notes));
-        QCOMPARE(notes, QStringList{"the served specification does not parse"});
-        QVERIFY(!state.load(dir.filePath("missing.xml"), QString(), &error));
-        QVERIFY(error.startsWith("cannot read "));
-    }
-
-    void programServesAndKeepsState()
-    {
-        QTemporaryDir dir;
-        const QString link = dir.filePath("lp0");
-        const QStringList arguments{"--link", link, "--state", dir.filePath("state.xml"),
-                                    kSpecification};
-        QProcess process;
-        const QString path = startProgram(process, arguments);
-        QVERIFY(path.startsWith("/dev/pts/"));
-        QCOMPARE(QFileInfo(link).symLinkTarget(), path);
-        TAVClient client(link, nullptr);
-        client.setTimings(200, 200, 3000);
-        QVERIFY(client.setChanges_tav("<root><PrinterSettingsInfo><Language CURRENT=\"German\"/>"
-                                      "</PrinterSettingsInfo></root>"));
-        process.terminate();
-        QVERIFY(process.waitForFinished(10000));
-        QCOMPARE(process.exitCode(), 0);
-        QVERIFY(!QFileInfo::exists(link));
-        QVERIFY(process.readAllStandardError().contains(
-            "setting <Language>: \"English\" -> \"German\""));
-        QProcess restarted;
-        QVERIFY(!startProgram(restarted, arguments).isEmpty());
-        QVERIFY(fetch(link).contains("CURRENT=\"German\""));
-        restarted.terminate();
-        QVERIFY(restarted.waitForFinished(10000));
     }
 
     void servesAsConfigured_data()

@@ -37,162 +37,127 @@ constexpr const char* kDevices =
 
 struct UsbPrinterMock::Private
 {
-    UMockdevTestbed* testbed = nullptr;
-    UMockdevIoctlBase* usblpHandler = nullptr;
-    UMockdevIoctlBase* usbHandler = nullptr;
-
+    UMockdevTestbed* testbed = umockdev_testbed_new();
+    UMockdevIoctlBase* handler = umockdev_ioctl_base_new(); // for both nodes
     mutable std::mutex mutex;
     Behaviour behaviour;
     QList<uint8_t> requests;
     int statusProbes = 0;
     QList<gulong> finishedUrbs;
 
-    void answerUsblp(UMockdevIoctlClient* client);
-    void answerUsb(UMockdevIoctlClient* client);
-    void submit(UMockdevIoctlClient* client);
-    void reap(UMockdevIoctlClient* client);
+    // Answers with `size` bytes at the argument, or fails with errno `error`.
+    static void answer(UMockdevIoctlClient* client, const void* data, size_t size, int error)
+    {
+        if (error) {
+            umockdev_ioctl_client_complete(client, -1, error);
+            return;
+        }
+        UMockdevIoctlData* argument = umockdev_ioctl_client_get_arg(client);
+        memcpy(umockdev_ioctl_data_resolve(argument, 0, size, nullptr)->data, data, size);
+        umockdev_ioctl_client_complete(client, 0, 0);
+    }
+
+    void handle(UMockdevIoctlClient* client)
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        const gulong request = umockdev_ioctl_client_get_request(client);
+        if (request == kLpiocGetBusAddress) {
+            const int address[2] = {behaviour.busNumber, behaviour.deviceAddress};
+            answer(client, address, sizeof address, behaviour.busAddressFails ? EIO : 0);
+        } else if (request == kLpiocGetDeviceId1024) {
+            // Two bytes of big-endian length, the length included, then the text.
+            const QByteArray id = behaviour.deviceId.left(1022);
+            QByteArray reply(1024, '\0');
+            reply[0] = char((id.size() + 2) >> 8);
+            reply[1] = char(id.size() + 2);
+            reply.replace(2, id.size(), id);
+            answer(client, reply.constData(), 1024, id.isEmpty() ? ENOTTY : 0);
+        } else if (request == USBDEVFS_SUBMITURB) {
+            submit(client);
+        } else if (request == USBDEVFS_REAPURB || request == USBDEVFS_REAPURBNDELAY) {
+            const gulong address = finishedUrbs.isEmpty() ? 0 : finishedUrbs.takeFirst();
+            answer(client, &address, sizeof address, address ? 0 : EAGAIN);
+        } else {
+            answer(client, nullptr, 0, ENOTTY);
+        }
+    }
+
     // The device's answer to a control request: the bytes, or a negative errno status.
-    int controlReply(const unsigned char* setup, QByteArray& reply);
-};
-
-void UsbPrinterMock::Private::answerUsblp(UMockdevIoctlClient* client)
-{
-    std::lock_guard<std::mutex> lock(mutex);
-    const gulong request = umockdev_ioctl_client_get_request(client);
-    UMockdevIoctlData* argument = umockdev_ioctl_client_get_arg(client);
-    if (request == kLpiocGetBusAddress && !behaviour.busAddressFails) {
-        UMockdevIoctlData* data =
-            umockdev_ioctl_data_resolve(argument, 0, 2 * sizeof(int), nullptr);
-        const int address[2] = {behaviour.busNumber, behaviour.deviceAddress};
-        memcpy(data->data, address, sizeof address);
-        umockdev_ioctl_client_complete(client, 0, 0);
-    } else if (request == kLpiocGetDeviceId1024 && !behaviour.deviceId.isEmpty()) {
-        UMockdevIoctlData* data = umockdev_ioctl_data_resolve(argument, 0, 1024, nullptr);
-        const int length = int(qMin<qsizetype>(behaviour.deviceId.size(), 1022)) + 2;
-        data->data[0] = uint8_t(length >> 8);
-        data->data[1] = uint8_t(length);
-        memcpy(data->data + 2, behaviour.deviceId.constData(), size_t(length - 2));
-        umockdev_ioctl_client_complete(client, 0, 0);
-    } else {
-        umockdev_ioctl_client_complete(client, -1, request == kLpiocGetBusAddress ? EIO : ENOTTY);
-    }
-}
-
-void UsbPrinterMock::Private::answerUsb(UMockdevIoctlClient* client)
-{
-    std::lock_guard<std::mutex> lock(mutex);
-    switch (umockdev_ioctl_client_get_request(client)) {
-    case USBDEVFS_SUBMITURB:
-        submit(client);
-        break;
-    case USBDEVFS_REAPURB:
-    case USBDEVFS_REAPURBNDELAY:
-        reap(client);
-        break;
-    default:
-        umockdev_ioctl_client_complete(client, -1, ENOTTY);
-    }
-}
-
-int UsbPrinterMock::Private::controlReply(const unsigned char* setup, QByteArray& reply)
-{
-    requests.append(setup[1]);
-    if (behaviour.controlStalls)
-        return -EPIPE;
-    switch (setup[0] << 8 | setup[1]) {
-    case 0xC102: // status probe
-        if (behaviour.silentProbes < 0 || statusProbes++ < behaviour.silentProbes)
+    int controlReply(const unsigned char* setup, QByteArray& reply)
+    {
+        requests.append(setup[1]);
+        if (behaviour.controlStalls)
+            return -EPIPE;
+        switch (setup[0] << 8 | setup[1]) {
+        case 0xC102: // status probe
+            if (behaviour.silentProbes < 0 || statusProbes++ < behaviour.silentProbes)
+                return 0;
+            reply = QByteArray(behaviour.statusLength, '\0');
+            for (int i = 0; i < 3 && i + 1 < reply.size(); ++i)
+                reply[i + 1] = char(behaviour.statusId >> (16 - 8 * i));
             return 0;
-        reply = QByteArray(behaviour.statusLength, '\0');
-        for (int i = 0; i < 3 && i + 1 < reply.size(); ++i)
-            reply[i + 1] = char(behaviour.statusId >> (16 - 8 * i));
-        return 0;
-    case 0xC199: // wake-up
-        return behaviour.wakeupFails ? -EPIPE : 0;
-    case 0xC1E0:
-        reply = behaviour.extendedId;
-        return 0;
-    case 0xA100:
-        reply = behaviour.classDeviceId;
-        return 0;
-    default:
-        return -EPIPE;
+        case 0xC199: // wake-up
+            return behaviour.wakeupFails ? -EPIPE : 0;
+        case 0xC1E0:
+            reply = behaviour.extendedId;
+            return 0;
+        case 0xA100:
+            reply = behaviour.classDeviceId;
+            return 0;
+        default:
+            return -EPIPE;
+        }
     }
-}
 
-// Completes a control URB at once. A reply longer than the host asked for is what a
-// babbling device causes: the kernel reports an overflow and nothing more.
-void UsbPrinterMock::Private::submit(UMockdevIoctlClient* client)
-{
-    UMockdevIoctlData* argument = umockdev_ioctl_client_get_arg(client);
-    const gulong address = *reinterpret_cast<gulong*>(argument->data);
-    UMockdevIoctlData* urbData =
-        umockdev_ioctl_data_resolve(argument, 0, sizeof(usbdevfs_urb), nullptr);
-    auto* urb = reinterpret_cast<usbdevfs_urb*>(urbData->data);
-    UMockdevIoctlData* buffer = umockdev_ioctl_data_resolve(urbData, offsetof(usbdevfs_urb, buffer),
-                                                            size_t(urb->buffer_length), nullptr);
-    if (urb->type != USBDEVFS_URB_TYPE_CONTROL || !buffer || urb->buffer_length < 8) {
-        umockdev_ioctl_client_complete(client, -1, EINVAL);
-        return;
+    // Completes a control URB at once. A reply longer than the host asked for is what a
+    // babbling device causes: the kernel reports an overflow and nothing more.
+    void submit(UMockdevIoctlClient* client)
+    {
+        UMockdevIoctlData* argument = umockdev_ioctl_client_get_arg(client);
+        const gulong address = *reinterpret_cast<gulong*>(argument->data);
+        UMockdevIoctlData* urbData =
+            umockdev_ioctl_data_resolve(argument, 0, sizeof(usbdevfs_urb), nullptr);
+        auto* urb = reinterpret_cast<usbdevfs_urb*>(urbData->data);
+        UMockdevIoctlData* buffer = umockdev_ioctl_data_resolve(
+            urbData, offsetof(usbdevfs_urb, buffer), size_t(urb->buffer_length), nullptr);
+        if (urb->type != USBDEVFS_URB_TYPE_CONTROL || !buffer || urb->buffer_length < 8) {
+            umockdev_ioctl_client_complete(client, -1, EINVAL);
+            return;
+        }
+        const int wanted = buffer->data[6] | buffer->data[7] << 8;
+        QByteArray reply;
+        int status = controlReply(buffer->data, reply);
+        const int length = int(qMin<qsizetype>(reply.size(), wanted));
+        if (status == 0 && reply.size() > wanted)
+            status = -EOVERFLOW;
+        memcpy(buffer->data + 8, reply.constData(), size_t(length));
+        urb->status = status;
+        urb->actual_length = status == -EPIPE ? 0 : length;
+        finishedUrbs.append(address);
+        umockdev_ioctl_client_complete(client, 0, 0);
     }
-    const unsigned char* setup = buffer->data;
-    const int wanted = setup[6] | setup[7] << 8;
-    QByteArray reply;
-    int status = controlReply(setup, reply);
-    int length = int(qMin<qsizetype>(reply.size(), wanted));
-    if (status == 0 && reply.size() > wanted)
-        status = -EOVERFLOW;
-    memcpy(buffer->data + 8, reply.constData(), size_t(length));
-    urb->status = status;
-    urb->actual_length = status == -EPIPE ? 0 : length;
-    finishedUrbs.append(address);
-    umockdev_ioctl_client_complete(client, 0, 0);
-}
-
-void UsbPrinterMock::Private::reap(UMockdevIoctlClient* client)
-{
-    if (finishedUrbs.isEmpty()) {
-        umockdev_ioctl_client_complete(client, -1, EAGAIN);
-        return;
-    }
-    UMockdevIoctlData* argument = umockdev_ioctl_client_get_arg(client);
-    UMockdevIoctlData* target = umockdev_ioctl_data_resolve(argument, 0, sizeof(gulong), nullptr);
-    const gulong address = finishedUrbs.takeFirst();
-    memcpy(target->data, &address, sizeof address);
-    umockdev_ioctl_client_complete(client, 0, 0);
-}
+};
 
 UsbPrinterMock::UsbPrinterMock()
     : d(std::make_unique<Private>())
 {
-    d->testbed = umockdev_testbed_new();
-    GError* error = nullptr;
-    if (!umockdev_testbed_add_from_string(d->testbed, kDevices, &error))
-        qFatal("umockdev: %s", error->message);
-    d->usblpHandler = umockdev_ioctl_base_new();
-    d->usbHandler = umockdev_ioctl_base_new();
-    const auto handle = [](UMockdevIoctlBase* base, UMockdevIoctlClient* client,
-                           Private* self) -> gboolean {
-        if (base == self->usblpHandler)
-            self->answerUsblp(client);
-        else
-            self->answerUsb(client);
-        return TRUE;
+    const auto handle = [](UMockdevIoctlBase*, UMockdevIoctlClient* client, Private* self) {
+        self->handle(client);
+        return gboolean(TRUE);
     };
     using Handler = gboolean (*)(UMockdevIoctlBase*, UMockdevIoctlClient*, Private*);
-    for (UMockdevIoctlBase* base : {d->usblpHandler, d->usbHandler})
-        g_signal_connect(base, "handle-ioctl", G_CALLBACK(Handler(handle)), d.get());
-    if (!umockdev_testbed_attach_ioctl(d->testbed, UsbPrinterMock::kUsblp, d->usblpHandler,
-                                       &error) ||
-        !umockdev_testbed_attach_ioctl(d->testbed, kUsbNode, d->usbHandler, &error))
+    g_signal_connect(d->handler, "handle-ioctl", G_CALLBACK(Handler(handle)), d.get());
+    GError* error = nullptr;
+    if (!umockdev_testbed_add_from_string(d->testbed, kDevices, &error) ||
+        !umockdev_testbed_attach_ioctl(d->testbed, kUsblp, d->handler, &error) ||
+        !umockdev_testbed_attach_ioctl(d->testbed, kUsbNode, d->handler, &error))
         qFatal("umockdev: %s", error->message);
 }
 
 UsbPrinterMock::~UsbPrinterMock()
 {
     g_object_unref(d->testbed);
-    g_object_unref(d->usblpHandler);
-    g_object_unref(d->usbHandler);
+    g_object_unref(d->handler);
 }
 
 void UsbPrinterMock::setBehaviour(const Behaviour& behaviour)
