@@ -65,34 +65,25 @@ private slots:
         QVERIFY(e->isValid());
     }
 
+    // In the rows, <A ...> and <U> stand for AllowedCharacters and UnAllowedCharacters.
     void characterSets_data()
     {
-        QTest::addColumn<QString>("declarations");
-        QTest::addColumn<QString>("pattern");
-        QTest::addColumn<QString>("warning");
-        const QString allowed = "<AllowedCharacters%1>%2</AllowedCharacters>";
-        const QString unallowed = "<UnAllowedCharacters>%1</UnAllowedCharacters>";
-        QTest::newRow("allowed only") << allowed.arg("", "abc") << "[abc]*" << QString();
-        QTest::newRow("AllowedCharOnly ignores unallowed")
-            << allowed.arg(" SymbolSet='AllowedCharOnly'", "a-z") + unallowed.arg("x") << "[a\\-z]*"
-            << QString("Warning: ignoring unexpected 'UnAllowedCharacters' element");
-        QTest::newRow("unallowed only") << unallowed.arg(";_") << "[^;_]*" << QString();
-        QTest::newRow("MultiLanguage")
-            << allowed.arg(" SymbolSet='MultiLanguage'", "") << ".*" << QString();
-        QTest::newRow("MultiLanguage with unallowed")
-            << allowed.arg(" SymbolSet='MultiLanguage'", "") + unallowed.arg("^]") << "[^\\^\\]]*"
-            << QString();
-        QTest::newRow("unknown symbol set")
-            << allowed.arg(" SymbolSet='EBCDIC'", "ab") << QString(EditElement::defaultPattern)
-            << "Warning: unexpected symbolSet='EBCDIC'";
-        QTest::newRow("second allowed ignored")
-            << allowed.arg("", "ab") + allowed.arg("", "cd") << "[ab]*"
-            << QString("Warning: ignoring excessive 'AllowedCharacters' element");
-        QTest::newRow("second unallowed ignored")
-            << unallowed.arg("a") + unallowed.arg("b") << "[^a]*"
-            << QString("Warning: ignoring excessive 'UnAllowedCharacters' element");
-        QTest::newRow("empty allowed keeps no pattern")
-            << "<AllowedCharacters/>" << QString() << QString();
+        addRows(
+            {"declarations", "pattern", "warning"},
+            {{"allowed only", "<A>abc</A>", "[abc]*", ""},
+             {"AllowedCharOnly ignores unallowed", "<A SymbolSet='AllowedCharOnly'>a-z</A><U>x</U>",
+              "[a\\-z]*", "Warning: ignoring unexpected 'UnAllowedCharacters' element"},
+             {"unallowed only", "<U>;_</U>", "[^;_]*", ""},
+             {"MultiLanguage", "<A SymbolSet='MultiLanguage'/>", ".*", ""},
+             {"MultiLanguage with unallowed", "<A SymbolSet='MultiLanguage'/><U>^]</U>",
+              "[^\\^\\]]*", ""},
+             {"unknown symbol set", "<A SymbolSet='EBCDIC'>ab</A>", "(default)",
+              "Warning: unexpected symbolSet='EBCDIC'"},
+             {"second allowed ignored", "<A>ab</A><A>cd</A>", "[ab]*",
+              "Warning: ignoring excessive 'AllowedCharacters' element"},
+             {"second unallowed ignored", "<U>a</U><U>b</U>", "[^a]*",
+              "Warning: ignoring excessive 'UnAllowedCharacters' element"},
+             {"empty allowed keeps no pattern", "<A/>", "", ""}});
     }
     void characterSets()
     {
@@ -100,10 +91,14 @@ private slots:
         QFETCH(QString, pattern);
         QFETCH(QString, warning);
         StderrCapture capture;
-        const auto parser = SpecText::read(
-            QStringLiteral("<E TYPE='EDITBOX' CURRENT='v'>%1</E>").arg(declarations));
+        const auto parser =
+            SpecText::read(QStringLiteral("<E TYPE='EDITBOX' CURRENT='v'>%1</E>")
+                               .arg(declarations)
+                               .replace(QRegularExpression("<(/?)A\\b"), "<\\1AllowedCharacters")
+                               .replace(QRegularExpression("<(/?)U>"), "<\\1UnAllowedCharacters>"));
         const QByteArray log = capture.text();
-        QCOMPARE(read(*parser)->validationPattern(), pattern);
+        QCOMPARE(read(*parser)->validationPattern(),
+                 pattern == "(default)" ? EditElement::defaultPattern : pattern);
         QVERIFY2(log.contains(warning.toUtf8()), log.constData());
     }
 
