@@ -4,31 +4,37 @@
 #include <QStringList>
 
 // Stands where the settings dialog receives element signals: records every slot call as
-// "slot:argument".
+// "slot:argument". Like the dialog, it reports a popup form's Apply as refused when told to.
 class ReceiverProbe : public QObject
 {
     Q_OBJECT
 
 public:
     QStringList calls;
+    bool refuseApply = false;
 
 public slots:
-    void changeVisibility(bool visible) { log("changeVisibility", visible ? "true" : "false"); }
-    void elementChanged(const QString& value) { log("elementChanged", value); }
-    void elementReset() { log("elementReset"); }
-    void popupApplyClicked() { log("popupApplyClicked"); }
-    void phoneBookClicked(const QString& id) { log("phoneBookClicked", id); }
-    void emailBookClicked(const QString& id) { log("emailBookClicked", id); }
-    void addressBookClicked(const QString& id) { log("addressBookClicked", id); }
-    void wirelessSetupClicked(const QString& id) { log("wirelessSetupClicked", id); }
-    void inkTestPagePrintClicked(const QString& id) { log("inkTestPagePrintClicked", id); }
-    void inkCartridgeCleanClicked(const QString& id) { log("inkCartridgeCleanClicked", id); }
-    void inkCartridgeAlignSFPClicked(const QString& id) { log("inkCartridgeAlignSFPClicked", id); }
-    void inkCartridgeAlignMFPClicked(const QString& id) { log("inkCartridgeAlignMFPClicked", id); }
+    void changeVisibility(bool visible) { log(__func__, visible ? "true" : "false"); }
+    void elementChanged(const QString& value) { log(__func__, value); }
+    void elementReset() { log(__func__); }
+    void popupApplyClicked()
+    {
+        log(__func__);
+        if (refuseApply)
+            QMetaObject::invokeMethod(sender(), "setApplyRefused");
+    }
+    void phoneBookClicked(const QString& id) { log(__func__, id); }
+    void emailBookClicked(const QString& id) { log(__func__, id); }
+    void addressBookClicked(const QString& id) { log(__func__, id); }
+    void wirelessSetupClicked(const QString& id) { log(__func__, id); }
+    void inkTestPagePrintClicked(const QString& id) { log(__func__, id); }
+    void inkCartridgeCleanClicked(const QString& id) { log(__func__, id); }
+    void inkCartridgeAlignSFPClicked(const QString& id) { log(__func__, id); }
+    void inkCartridgeAlignMFPClicked(const QString& id) { log(__func__, id); }
 
 private:
-    void log(const char* slot, const QString& argument = QString())
+    void log(const char* slot, const QString& argument = {})
     {
-        calls.append(QString::fromLatin1(slot) + QLatin1Char(':') + argument);
+        calls.append(QString(slot) + ':' + argument);
     }
 };

@@ -1,13 +1,20 @@
 #include "../xml/SpecText.h"
 #include "ReceiverProbe.h"
+#include "Rows.h"
 
 #include "ComplexElement.h"
-#include "ConcreteElement.h"
 #include "ElementType.h"
+#include "FactoryElement.h"
 
+#include <QAbstractSpinBox>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDomDocument>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSignalSpy>
+#include <QSlider>
 #include <QtTest>
 
 namespace {
@@ -34,15 +41,99 @@ ConcreteElement* concrete(SettingsParser& parser, const QString& id)
     return qobject_cast<ConcreteElement*>(parser.findElement(id));
 }
 
+// What a control shows: the check state, the checked radio button or the widget's text.
+QString shown(QWidget* control)
+{
+    if (auto* box = qobject_cast<QCheckBox*>(control))
+        return box->isChecked() ? "on" : "off";
+    if (auto* combo = qobject_cast<QComboBox*>(control))
+        return combo->currentText();
+    if (auto* spin = qobject_cast<QAbstractSpinBox*>(control))
+        return spin->text();
+    if (auto* edit = qobject_cast<QLineEdit*>(control))
+        return edit->text();
+    if (auto* slider = qobject_cast<QSlider*>(control))
+        return QString::number(slider->value());
+    const QAbstractButton* checked = control->findChild<QButtonGroup*>()->checkedButton();
+    return checked ? checked->objectName() : "";
+}
+
 } // namespace
 
 // The element model shared by every kind: texts, walks and lookups, wiring, values,
-// validation and the control.
+// validation, and every value kind's control driven through its widget.
 class TestElement : public QObject
 {
     Q_OBJECT
 
 private slots:
+    // Each row: the setting after "<S TYPE='", the value put in from outside, what the control
+    // then shows, one edit ("click [child]", "key <key>" or "type <text>") and the value stored.
+    void everyKind_data()
+    {
+        // A list announces a choice even when it is the stored one.
+        addRows(
+            {"setting", "silent", "shownAfter", "edit", "stored"},
+            {
+                {"check box", "CHECKBOX' CURRENT='A'><A/><B/>", "B", "on", "click", "A"},
+                {"radio", "RADIOBUTTON' CURRENT='A'><A/><B/>", "B", "B", "click A", "A"},
+                {"combo", "COMBOBOX' CURRENT='A'><A/><B/>", "B", "B", "key Up", "A"},
+                {"integer", "INTEGER' MAX='90' CURRENT='30'>", "7", "7", "key Up", "8"},
+                {"float", "FLOAT' MAX='9' DIGITS='1' CURRENT='3'>", "1.5", "1.5", "key Up", "1.6"},
+                {"slider, in steps", "SLIDER' MAX='90' STEP='10' CURRENT='30'>", "80", "8",
+                 "key Up", "90"},
+                {"edit drops '_'", "EDITBOX' CURRENT='old'>", "new", "new", "type _s", "news"},
+                {"allowed set", "EDITBOX'><AllowedCharacters>xy</AllowedCharacters>", "x", "x",
+                 "type ay", "xy"},
+                {"dial keeps digits", "DIALEDITBOX'>", "+4", "+4", "type x9", "+49"},
+                {"ip part up to 255", "IPADDRESS'>", "10.0.0.2", "10.0.0.2", "type 59",
+                 "10.0.0.25"},
+                {"subnet mask", "SUBNETMASK'>", "255.255.25", "255.255.25", "type 23",
+                 "255.255.252"},
+                {"date time", "DATETIME' CURRENT='2007-03-05 17:09'>", "", "2007-03-05 17:09:00",
+                 "key Up", "2008-03-05 17:09"},
+            });
+    }
+    void everyKind()
+    {
+        QFETCH(QString, setting);
+        QFETCH(QString, silent);
+        QFETCH(QString, shownAfter);
+        QFETCH(QString, edit);
+        QFETCH(QString, stored);
+        const auto parser = SpecText::read("<S TYPE='" + setting + "</S>");
+        ConcreteElement* element = concrete(*parser, "S");
+        ReceiverProbe probe;
+        parser->root()->connectSignals(&probe);
+        parser->root()->connectSignals(&probe);
+        QWidget panel;
+        for (int i = 0; i < 2; ++i) {
+            element->createControl(&panel);
+            element->deleteControl();
+            QVERIFY(panel.findChildren<QWidget*>().isEmpty());
+        }
+        element->createControl(&panel);
+        panel.show();
+        QSignalSpy spy(element, &ConcreteElement::valueChanged);
+        const QString before = element->current();
+        if (!silent.isEmpty())
+            qobject_cast<FactoryElement*>(element)->setControlValue(silent);
+        QCOMPARE(shown(element->control()), shownAfter);
+        QCOMPARE(element->current(), before);
+        QCOMPARE(spy.count(), 0);
+        const QString how = edit.section(' ', 0, 0), what = edit.section(' ', 1);
+        if (how == "click")
+            QTest::mouseClick(what.isEmpty() ? element->control() : panel.findChild<QWidget*>(what),
+                              Qt::LeftButton);
+        else if (how == "key")
+            QTest::keyClick(element->control(), QKeySequence(what)[0].key());
+        else
+            QTest::keyClicks(element->control(), what);
+        QCOMPARE(element->current(), stored);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(probe.calls, QStringList("elementChanged:" + stored));
+    }
+
     void nullAndEmptyValues()
     {
         const auto parser = SpecText::read("<A TYPE='INTEGER' FormatConstraint='9'/>"
@@ -140,26 +231,19 @@ private slots:
         QCOMPARE(a.typeName(), QString("stUnknown"));
         QWidget panel;
         auto* label = qobject_cast<QLabel*>(a.createControl(&panel));
-        QVERIFY(label);
         QCOMPARE(label->text(), QString("Unknown control type"));
         QCOMPARE(a.control(), label);
         panel.show();
         QSignalSpy spy(&a, &Element::visibleChanged);
         a.hide();
-        QVERIFY(!label->isVisible());
+        a.setEnabled(false);
+        QVERIFY(!label->isVisible() && !label->isEnabled());
         a.show();
-        QVERIFY(label->isVisible());
+        a.setEnabled(true);
+        QVERIFY(label->isVisible() && label->isEnabled());
         QCOMPARE(spy.count(), 2);
         QCOMPARE(spy.at(0).at(0).toBool(), false);
-        a.setEnabled(false);
-        QVERIFY(!label->isEnabled());
-        a.setEnabled(true);
-        QVERIFY(label->isEnabled());
-        a.deleteControl();
-        QVERIFY(!a.control());
-        QVERIFY(panel.findChildren<QLabel*>().isEmpty());
         // A control destroyed elsewhere is forgotten, not left dangling.
-        a.createControl(&panel);
         delete a.control();
         QVERIFY(!a.control());
     }
