@@ -2,6 +2,7 @@
 #include "PrinterThread.h"
 #include "TAVClient.h"
 
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -24,7 +25,7 @@ QString fetch(const QString& device, int idleMs = 3000)
 
 // The virtual printer: its copy of the settings and how change documents alter it, and serving
 // over a pseudo-terminal of its own. Every client test proves how it cuts the byte stream. The
-// program's --link and --state are exercised by TestEndToEnd.
+// program's --link is exercised by TestEndToEnd.
 class TestVirtualPrinter : public QObject
 {
     Q_OBJECT
@@ -72,6 +73,22 @@ private slots:
         QCOMPARE(state.applyChanges(document, &notes), accepted);
         QCOMPARE(state.current(id), value);
         QVERIFY2(notes.contains(note), qPrintable(notes.join('\n')));
+    }
+
+    // What `make demo` relies on: a restarted printer serves what was applied before.
+    void restartServesAppliedChanges()
+    {
+        QTemporaryDir dir;
+        const QString stateFile = dir.filePath("state.xml");
+        QString error;
+        PrinterState before;
+        QVERIFY2(before.load(kSpecification, stateFile, &error), qPrintable(error));
+        QStringList notes;
+        QVERIFY(before.applyChanges(changes("<SleepTime CURRENT=\"30\"/>"), &notes));
+        PrinterState after;
+        QVERIFY2(after.load(kSpecification, stateFile, &error), qPrintable(error));
+        QCOMPARE(after.current("SleepTime"), QString("30"));
+        QCOMPARE(after.specification(), before.specification());
     }
 
     void servesAsConfigured_data()
