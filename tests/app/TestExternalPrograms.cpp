@@ -5,8 +5,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 using namespace ExternalPrograms;
 
@@ -152,6 +154,20 @@ private slots:
         QVERIFY2(log.contains("StartWebBrowser command : \"" + QFile::encodeName(konqueror) + " '" +
                               address.toUtf8() + "' &\""),
                  log.constData());
+    }
+
+    void noBrowserTellsTheAddress()
+    {
+        QString shown;
+        QTimer::singleShot(0, this, [&shown] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box)
+                return;
+            shown = box->windowTitle() + QLatin1Char('|') + box->text();
+            box->accept();
+        });
+        StartWebBrowser("http://192.0.2.7/", {"/nonexistent/browser"});
+        QCOMPARE(shown, "Warning|Web browser not found.\nUse that address:\nhttp://192.0.2.7/");
     }
 
     void resolvePaths_data()
