@@ -5,6 +5,7 @@
 #include "TraceLog.h"
 
 #include <QDomElement>
+#include <QLabel>
 #include <QPushButton>
 
 ButtonElement::ButtonElement(const QDomElement& node, int type, const QDomNode* parentNode,
@@ -33,13 +34,18 @@ QString ButtonElement::buttonText() const
 QWidget* ButtonElement::createControl(QWidget* parent)
 {
     TAV_TRACE(11, "ButtonElement::createControl:\n%s", qPrintable(toString()));
-    // An empty caption keeps the button in the column of the other inputs.
+    // The button sits in the column of the other inputs. Its caption names what it does,
+    // since devices give several buttons the same label ("Print", "Clean"); the mnemonic is
+    // the button's own, so the caption stays plain.
     QWidget* box = ControlBox::create(parent, QString(), Qt::AlignRight | Qt::AlignVCenter);
     auto* button = new QPushButton(box);
     button->setText(MnemonicRegistry::mark(box, button, buttonText()));
     button->setAutoDefault(false);
     connect(button, SIGNAL(clicked()), this, SLOT(onClick()));
-    ControlBox::addInput(box, button, buttonText());
+    const bool captioned = buttonText() != title();
+    ControlBox::addInput(box, button, captioned ? title() : buttonText());
+    if (captioned)
+        ControlBox::label(box)->setText(title());
     setControl(button);
     return box;
 }
