@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "Attribute.h"
 #include "CapabilityLookup.h"
 #include "ComplexElement.h"
@@ -157,12 +158,7 @@ private slots:
     }
 
     // Every key names a setting or a choice of a sample; German covers every setting.
-    void translationIdsExist_data()
-    {
-        QTest::addColumn<QString>("language");
-        QTest::newRow("en") << "en";
-        QTest::newRow("de") << "de";
-    }
+    void translationIdsExist_data() { addRows({"language"}, {{"en", "en"}, {"de", "de"}}); }
     void translationIdsExist()
     {
         QFETCH(QString, language);
@@ -183,20 +179,18 @@ private slots:
             QVERIFY2(known.contains(key.section(" description", 0, 0)), qPrintable(key));
             keys.insert(key);
         }
-        for (const QString& id : settings) {
-            if (language == "de")
-                QVERIFY2(keys.contains(id) && keys.contains(id + " description"), qPrintable(id));
-        }
+        for (const QString& id : settings)
+            QVERIFY2(language != "de" || (keys.contains(id) && keys.contains(id + " description")),
+                     qPrintable(id));
     }
 
     void capabilities_data()
     {
-        QTest::addColumn<QString>("devName");
-        QTest::addColumn<QString>("flags"); // network, buy-now button, IDS
-        QTest::newRow("laser sample") << "Tavolor_Laser_MFP_4200" << QString("110");
-        QTest::newRow("inkjet sample") << "Tavolor InkJet MFP 310" << QString("111");
-        QTest::newRow("everything off") << "Tavolor_Mono_Laser_2100" << QString("000");
-        QTest::newRow("unlisted") << "Tavolor_Laser_MFP_9900" << QString("111");
+        addRows({"devName", "flags"}, // network, buy-now button, IDS
+                {{"laser sample", "Tavolor_Laser_MFP_4200", "110"},
+                 {"inkjet sample", "Tavolor InkJet MFP 310", "111"},
+                 {"everything off", "Tavolor_Mono_Laser_2100", "000"},
+                 {"unlisted", "Tavolor_Laser_MFP_9900", "111"}});
     }
     void capabilities()
     {

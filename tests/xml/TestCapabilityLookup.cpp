@@ -1,4 +1,5 @@
 #include "../app/StderrCapture.h"
+#include "../elements/Rows.h"
 
 #include "CapabilityLookup.h"
 #include "Log.h"
@@ -33,43 +34,33 @@ class TestCapabilityLookup : public QObject
 private slots:
     void flags_data()
     {
-        QTest::addColumn<QByteArray>("attributes");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("none") << QByteArray() << "111";
-        QTest::newRow("false") << QByteArray("NETWORK='false'") << "011";
-        QTest::newRow("FALSE") << QByteArray("BUYNOWBUTTON='FALSE'") << "101";
-        QTest::newRow("mixed case") << QByteArray("IDS='FaLsE'") << "110";
-        QTest::newRow("no and 0 keep it") << QByteArray("NETWORK='no' IDS='0'") << "111";
-        QTest::newRow("empty keeps it") << QByteArray("NETWORK=''") << "111";
-        QTest::newRow("all off") << QByteArray("NETWORK='false' BUYNOWBUTTON='false' IDS='false'")
-                                 << "000";
+        addRows({"attributes", "expected"},
+                {{"none", "", "111"},
+                 {"false", "NETWORK='false'", "011"},
+                 {"FALSE", "BUYNOWBUTTON='FALSE'", "101"},
+                 {"mixed case", "IDS='FaLsE'", "110"},
+                 {"no and 0 keep it", "NETWORK='no' IDS='0'", "111"},
+                 {"empty keeps it", "NETWORK=''", "111"},
+                 {"all off", "NETWORK='false' BUYNOWBUTTON='false' IDS='false'", "000"}});
     }
     void flags()
     {
-        QFETCH(QByteArray, attributes);
+        QFETCH(QString, attributes);
         QFETCH(QString, expected);
         const QString list =
-            writeList("<Devices><Model NAME='LX 500' " + attributes + "/></Devices>");
+            writeList("<Devices><Model NAME='LX 500' " + attributes.toUtf8() + "/></Devices>");
         QCOMPARE(flags(lookupCapabilities(list, "LX_500")), expected);
     }
 
     void lookup_data()
     {
-        QTest::addColumn<QString>("devName");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("underscores and capitals") << "Ormund_InkJet_20"
-                                                  << "100";
-        QTest::newRow("blanks") << "ormund inkjet 20"
-                                << "100";
-        QTest::newRow("part of a name") << "InkJet_2"
-                                        << "100";
-        QTest::newRow("longer name unique") << "LX_5000"
-                                            << "101";
-        QTest::newRow("not listed") << "Other_Model"
-                                    << "111";
-        // One key for both spellings; the later entry wins, with no warning.
-        QTest::newRow("key collision") << "Laser MFP"
-                                       << "110";
+        // One key for both spellings of "Laser MFP"; the later entry wins, with no warning.
+        addRows({"devName", "expected"}, {{"underscores and capitals", "Ormund_InkJet_20", "100"},
+                                          {"blanks", "ormund inkjet 20", "100"},
+                                          {"part of a name", "InkJet_2", "100"},
+                                          {"longer name unique", "LX_5000", "101"},
+                                          {"not listed", "Other_Model", "111"},
+                                          {"key collision", "Laser MFP", "110"}});
     }
     void lookup()
     {
@@ -110,22 +101,22 @@ private slots:
 
     void unreadableGivesEverything_data()
     {
-        QTest::addColumn<QByteArray>("devices"); // null: broken XML
-        QTest::addColumn<QByteArray>("logLine");
-        QTest::newRow("missing file") << QByteArray() << QByteArray();
-        QTest::newRow("broken") << QByteArray() << QByteArray("CapabilityParser is invalid");
-        QTest::newRow("no Devices")
-            << QByteArray("<Models><M NAME='M' NETWORK='false'/></Models>")
-            << QByteArray("CapabilityParser::parse(): can't obtain root node");
+        addRows({"devices", "logLine"}, // "-": broken XML
+                {{"missing file", "", ""},
+                 {"broken", "-", "CapabilityParser is invalid"},
+                 {"no Devices", "<Models><M NAME='M' NETWORK='false'/></Models>",
+                  "CapabilityParser::parse(): can't obtain root node"}});
     }
     void unreadableGivesEverything()
     {
-        QFETCH(QByteArray, devices);
-        QFETCH(QByteArray, logLine);
-        const QString list = logLine.isEmpty() ? dir.filePath("absent.xml") : writeList(devices);
+        QFETCH(QString, devices);
+        QFETCH(QString, logLine);
+        const QString list = logLine.isEmpty()
+                                 ? dir.filePath("absent.xml")
+                                 : writeList(devices == "-" ? QByteArray() : devices.toUtf8());
         StderrCapture capture;
         QCOMPARE(flags(lookupCapabilities(list, "M")), QString("111"));
-        QVERIFY(capture.text().contains(logLine));
+        QVERIFY(capture.text().contains(logLine.toUtf8()));
     }
 };
 

@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "SpecText.h"
 
 #include "DateTimeElement.h"
@@ -98,11 +99,16 @@ class TestChangeGenerator : public QObject
     Q_OBJECT
 
 private slots:
-    void nothingChanged()
+    // Nothing changed gives the bare header; an id that names no button gives nothing.
+    void nothingToReport()
     {
         const auto parser = SpecText::read(kSettings);
         QCOMPARE(parser->getChanges(QString()), kHeader);
         QCOMPARE(parser->getChanges("Form"), kHeader);
+        change(*parser, "Copies", "9");
+        for (const char* id : {"Nope", "Copies", "Paper"})
+            QVERIFY2(parser->getChanges(id).isEmpty(), id);
+        QVERIFY(parser->getButton(nullptr).isEmpty());
     }
 
     // The whole text: settings of groups and forms alike sit directly under the root path,
@@ -180,20 +186,10 @@ private slots:
         QCOMPARE(reported(parser->getChanges("T.1.1")), QStringList({"T.1.1=PRESSED"}));
     }
 
-    void unknownOrPlainIdGivesNothing()
-    {
-        const auto parser = SpecText::read(kSettings);
-        change(*parser, "Copies", "9");
-        for (const char* id : {"Nope", "Copies", "Paper"})
-            QVERIFY2(parser->getChanges(id).isEmpty(), id);
-        QVERIFY(parser->getButton(nullptr).isEmpty());
-    }
-
     void everySettingOfSamples_data()
     {
-        QTest::addColumn<QString>("file");
-        QTest::newRow("laser") << QStringLiteral(TAV_DATA_DIR "/laser_mfp.xml");
-        QTest::newRow("inkjet") << QStringLiteral(TAV_DATA_DIR "/inkjet_mfp.xml");
+        addRows({"file"}, {{"laser", TAV_DATA_DIR "/laser_mfp.xml"},
+                           {"inkjet", TAV_DATA_DIR "/inkjet_mfp.xml"}});
     }
     // Every kind of setting, table cells and form settings included, reports its new value
     // under its id; once the changes are taken nothing is left to report.

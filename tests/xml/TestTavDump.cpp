@@ -1,3 +1,5 @@
+#include "../elements/Rows.h"
+
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -24,43 +26,34 @@ private slots:
         file.close();
         QByteArray out, err;
         QCOMPARE(run({name}, &out, &err), 0);
-        const QList<QByteArray> lines = out.trimmed().split('\n');
-        QCOMPARE(lines.size(), 5);
-        QCOMPARE(lines.at(0),
-                 QByteArray("0 PrinterSettingsInfo stGroup current=- initial=- factory=- "
-                            "valid=yes"));
-        QCOMPARE(lines.at(1),
-                 QByteArray("  1 General stGroup current=- initial=- factory=- valid=yes"));
-        QCOMPARE(lines.at(2), QByteArray("    2 Copies stInteger current=\"120\" initial=\"120\" "
-                                         "factory=\"1\" valid=yes"));
-        QCOMPARE(lines.at(3), QByteArray("    2 Name stEdit current=\"\" initial=\"a_b\" factory=- "
-                                         "valid=yes"));
-        QCOMPARE(lines.at(4),
-                 QByteArray("    2 Go stButton current=- initial=- factory=- valid=yes"));
+        QCOMPARE(
+            out,
+            QByteArray(
+                "0 PrinterSettingsInfo stGroup current=- initial=- factory=- valid=yes\n"
+                "  1 General stGroup current=- initial=- factory=- valid=yes\n"
+                "    2 Copies stInteger current=\"120\" initial=\"120\" factory=\"1\" valid=yes\n"
+                "    2 Name stEdit current=\"\" initial=\"a_b\" factory=- valid=yes\n"
+                "    2 Go stButton current=- initial=- factory=- valid=yes\n"));
     }
     void failures_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QByteArray>("message");
-        QTest::newRow("missing file") << QByteArray() << QByteArray("cannot read");
-        QTest::newRow("not XML") << QByteArray("<root>")
-                                 << QByteArray("not a readable XML document");
-        QTest::newRow("no settings root")
-            << QByteArray("<root><X/></root>") << QByteArray("holds no settings");
+        addRows({"content", "message"},
+                {{"missing file", "-", "cannot read"},
+                 {"not XML", "<root>", "not a readable XML document"},
+                 {"no settings root", "<root><X/></root>", "holds no settings"}});
     }
     void failures()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QByteArray, message);
+        QFETCH(QString, content);
+        QFETCH(QString, message);
         const QString name = dir.filePath(QTest::currentDataTag());
-        if (!content.isNull()) {
-            QFile file(name);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(content);
-        }
+        QFile file(name);
+        QVERIFY(content == "-" ||
+                (file.open(QIODevice::WriteOnly) && file.write(content.toUtf8())));
+        file.close();
         QByteArray out, err;
         QCOMPARE(run({name}, &out, &err), 1);
-        QVERIFY2(err.contains(message), err.constData());
+        QVERIFY2(err.contains(message.toUtf8()), err.constData());
         QVERIFY(out.isEmpty());
         QCOMPARE(run({}, &out, &err), 2);
     }
