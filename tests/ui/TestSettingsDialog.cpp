@@ -9,6 +9,7 @@
 #include "SettingsViewItem.h"
 #include "VirtualPrinterProcess.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -68,10 +69,9 @@ class TestSettingsDialog : public QObject
             : bin(dir.filePath(QStringLiteral("bin")))
         {
             QDir().mkpath(bin);
-            const QByteArray text = QString::fromUtf8(kSpecification).arg(extra).toUtf8();
             QFile file(bin + QStringLiteral("/tav.xml"));
             file.open(QIODevice::WriteOnly);
-            file.write(text);
+            file.write(QString::fromUtf8(kSpecification).arg(extra).toUtf8());
             file.close();
             printer = std::make_unique<VirtualPrinterProcess>(bin + QStringLiteral("/tav.xml"),
                                                               dir.path(), faults);
@@ -90,6 +90,14 @@ class TestSettingsDialog : public QObject
             SettingsViewItem* item = dialog->findParamItem(QString::fromLatin1(id));
             return item ? item->text(1) : QStringLiteral("<no row>");
         }
+
+        ConcreteElement* setting(const char* id) { return valueElement(*configurator, id); }
+        Element* element(const char* id) const
+        {
+            return configurator->rootElement()->findElement(QString::fromLatin1(id));
+        }
+        void change(const char* id, const char* value) { setting(id)->valueChange(value); }
+        void click(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
 
         QByteArray sent() const
         {
@@ -115,22 +123,16 @@ private slots:
                                        "have empty values:\n\nOwner\n")});
     }
 
-    void editShowsValueAndEnablesApply()
-    {
-        Setup s;
-        valueElement(*s.configurator, "SleepTimer")->valueChange(QStringLiteral("30"));
-        QCOMPARE(s.row("SleepTimer"), QStringLiteral("30"));
-        QVERIFY(s.dialog->applyBtn->isEnabled());
-    }
-
     void applySendsOnlyChanges()
     {
         Setup s;
-        valueElement(*s.configurator, "SleepTimer")->valueChange(QStringLiteral("30"));
-        QTest::mouseClick(s.dialog->applyBtn, Qt::LeftButton);
+        s.change("SleepTimer", "30");
+        QCOMPARE(s.row("SleepTimer"), QStringLiteral("30"));
+        QVERIFY(s.dialog->applyBtn->isEnabled());
+        s.click(s.dialog->applyBtn);
         QVERIFY(s.boxes.seen.isEmpty());
         QVERIFY(!s.dialog->applyBtn->isEnabled());
-        QCOMPARE(valueElement(*s.configurator, "SleepTimer")->initial(), QStringLiteral("30"));
+        QCOMPARE(s.setting("SleepTimer")->initial(), QStringLiteral("30"));
         const QByteArray state = s.printer->stateText();
         QVERIFY2(state.contains("CURRENT=\"30\""), state.constData());
         const QByteArray sent = s.sent();
@@ -152,17 +154,16 @@ private slots:
         QFETCH(QStringList, faults);
         QFETCH(bool, reachable);
         Setup s(QString(), faults, reachable);
-        ConcreteElement* sleep = valueElement(*s.configurator, "SleepTimer");
-        sleep->valueChange(QStringLiteral("30"));
-        QTest::mouseClick(s.dialog->applyBtn, Qt::LeftButton);
+        s.change("SleepTimer", "30");
+        s.click(s.dialog->applyBtn);
         QCOMPARE(s.boxes.seen.size(), 1);
         QVERIFY2(s.boxes.seen.first().startsWith(
                      QStringLiteral("Error|The printer did not accept the changes")),
                  qPrintable(s.boxes.seen.first()));
         QVERIFY(s.dialog->applyBtn->isEnabled());
-        QCOMPARE(sleep->current(), QStringLiteral("30"));
-        QCOMPARE(sleep->initial(), QStringLiteral("5"));
-        QCOMPARE(s.row("SleepTimer"), QStringLiteral("30"));
+        QCOMPARE(s.setting("SleepTimer")->current() + s.setting("SleepTimer")->initial() +
+                     s.row("SleepTimer"),
+                 QStringLiteral("30530"));
     }
 
     void invalidValueBlocksApplyAndLeadsToIt()
@@ -170,8 +171,8 @@ private slots:
         Setup s(QStringLiteral(
             "<PrintServer TYPE=\"IPADDRESS\" STRING=\"Print server\" CURRENT=\"300.1.1.1\"/>"));
         s.dialog->paramList->setCurrentItem(s.dialog->findParamItem(QStringLiteral("HostName")));
-        valueElement(*s.configurator, "SleepTimer")->valueChange(QStringLiteral("30"));
-        QTest::mouseClick(s.dialog->applyBtn, Qt::LeftButton);
+        s.change("SleepTimer", "30");
+        s.click(s.dialog->applyBtn);
         QCOMPARE(s.boxes.seen,
                  QStringList{QStringLiteral("Error|The '300.1.1.1' is not a valid entry for "
                                             "'Print server'.\nPlease specify another value")});
@@ -190,17 +191,11 @@ private slots:
             .arg(QLatin1String(address));
     }
 
-    static FormElement* form(Setup& s)
-    {
-        return qobject_cast<FormElement*>(
-            s.configurator->rootElement()->findElement(QStringLiteral("Net")));
-    }
-
     void popupFormIsAppliedAlone()
     {
         Setup s(withForm("1.2.3.4"));
-        valueElement(*s.configurator, "SleepTimer")->valueChange(QStringLiteral("30"));
-        FormElement* net = form(s);
+        s.change("SleepTimer", "30");
+        auto* net = qobject_cast<FormElement*>(s.element("Net"));
         s.dialog->paramList->setCurrentItem(s.dialog->findParamItem(QStringLiteral("General")));
         auto* button = qobject_cast<QPushButton*>(net->control());
         QVERIFY(button);
@@ -216,7 +211,7 @@ private slots:
             if (net->form())
                 net->form()->reject();
         });
-        QTest::mouseClick(button, Qt::LeftButton);
+        s.click(button);
         // The form goes to the device by itself; the change outside it stays pending.
         QVERIFY2(s.sent().contains("<Ip CURRENT=\"10.0.0.9\"/>"), s.sent().constData());
         QVERIFY(!s.sent().contains("SleepTimer"));
@@ -227,8 +222,8 @@ private slots:
     void invalidValueInFormOpensTheForm()
     {
         Setup s(withForm("300.1.1.1"));
-        valueElement(*s.configurator, "SleepTimer")->valueChange(QStringLiteral("30"));
-        FormElement* net = form(s);
+        s.change("SleepTimer", "30");
+        auto* net = qobject_cast<FormElement*>(s.element("Net"));
         // The warning comes first (the watcher answers it), then the form opens modally.
         bool opened = false;
         QTimer closer;
@@ -290,55 +285,42 @@ private slots:
     void defaultRestoresFactoryValues()
     {
         Setup s;
-        QTest::mouseClick(s.dialog->defBtn, Qt::LeftButton);
-        QCOMPARE(valueElement(*s.configurator, "SleepTimer")->current(), QStringLiteral("15"));
-        QCOMPARE(s.row("SleepTimer"), QStringLiteral("15"));
-        QCOMPARE(s.row("Location"), QStringLiteral("Office"));
+        s.click(s.dialog->defBtn);
+        QCOMPARE(s.setting("SleepTimer")->current() + s.row("SleepTimer") + s.row("Location"),
+                 QStringLiteral("1515Office"));
         QVERIFY(s.dialog->applyBtn->isEnabled());
     }
 
     void buttonPressIsSentAtOnce()
     {
         Setup s;
-        auto* button = qobject_cast<ButtonElement*>(
-            s.configurator->rootElement()->findElement(QStringLiteral("TestPage")));
+        auto* button = qobject_cast<ButtonElement*>(s.element("TestPage"));
         QVERIFY(button);
         button->onClick();
         QVERIFY(s.boxes.seen.isEmpty());
         QVERIFY2(s.sent().contains("<TestPage CURRENT=\"PRESSED\"/>"), s.sent().constData());
     }
 
-    void hiddenElementHidesItsRow()
+    // A hidden setting hides its row; choosing a favourite shows its group; folding the
+    // favourites twice restores them.
+    void browsing()
     {
         Setup s;
-        Element* location = s.configurator->rootElement()->findElement(QStringLiteral("Location"));
-        location->hide();
+        s.element("Location")->hide();
         QVERIFY(s.dialog->findParamItem(QStringLiteral("Location"))->isHidden());
-        location->show();
+        s.element("Location")->show();
         QVERIFY(!s.dialog->findParamItem(QStringLiteral("Location"))->isHidden());
-    }
 
-    void selectionFollowsFavourites()
-    {
-        Setup s;
-        QTreeWidgetItem* network = s.dialog->favoriteList->topLevelItem(1);
-        s.dialog->favoriteList->setCurrentItem(network);
+        s.dialog->favoriteList->setCurrentItem(s.dialog->favoriteList->topLevelItem(1));
         auto* current = static_cast<SettingsViewItem*>(s.dialog->paramList->currentItem());
-        QCOMPARE(current->element()->id(), QStringLiteral("Network"));
-        QCOMPARE(s.dialog->shownGroup()->id(), QStringLiteral("Network"));
-        QVERIFY(s.configurator->rootElement()->findElement(QStringLiteral("HostName"))->control());
-        QVERIFY(
-            !s.configurator->rootElement()->findElement(QStringLiteral("SleepTimer"))->control());
-    }
+        QCOMPARE(current->element()->id() + s.dialog->shownGroup()->id(), "NetworkNetwork");
+        QVERIFY(s.element("HostName")->control() && !s.element("SleepTimer")->control());
 
-    void foldingTwiceRestoresWidth()
-    {
-        Setup s;
         const int width = s.dialog->favoriteList->width();
-        QTest::mouseClick(s.dialog->slider, Qt::LeftButton);
+        s.click(s.dialog->slider);
         QVERIFY(!s.dialog->favoriteList->isVisible());
         QCOMPARE(s.dialog->slider->text(), QStringLiteral(">"));
-        QTest::mouseClick(s.dialog->slider, Qt::LeftButton);
+        s.click(s.dialog->slider);
         QVERIFY(s.dialog->favoriteList->isVisible());
         QCOMPARE(s.dialog->favoriteList->width(), width);
         QCOMPARE(s.dialog->slider->text(), QStringLiteral("<"));
@@ -355,7 +337,7 @@ private slots:
             source = viewer->browser()->source().toLocalFile();
             viewer->reject();
         });
-        QTest::mouseClick(s.dialog->helpBtn, Qt::LeftButton);
+        s.click(s.dialog->helpBtn);
         QVERIFY2(source.endsWith(QStringLiteral("/share/help/index.html")), qPrintable(source));
     }
 
