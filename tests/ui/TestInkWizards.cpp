@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "Configurator.h"
 #include "Element.h"
 #include "InkAlignMFPWizard.h"
@@ -12,6 +13,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDomDocument>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -59,13 +61,7 @@ struct Setup
     // What the printer made of the ink blocks and presses it received.
     QStringList actions() const
     {
-        QStringList seen;
-        for (const QString& line : printer->reports()) {
-            if (line.startsWith("ink command") || line.startsWith("button") ||
-                line.startsWith("fault"))
-                seen << line;
-        }
-        return seen;
+        return printer->reports().filter(QRegularExpression("^(ink command|button|fault)"));
     }
 
     // The settings named by the last change document, as "id=CURRENT".
@@ -98,11 +94,6 @@ void choosePatterns(QWizard& wizard)
     QTest::keyClick(wizard.findChild<QComboBox*>("row3"), Qt::Key_End);
 }
 
-QString ink(const char* name, const char* block)
-{
-    return QStringLiteral("ink command: %1 \"%2\" after 16 zero bytes").arg(name, block);
-}
-
 } // namespace
 
 // The ink maintenance wizards against the virtual printer: the bytes each command-block kind
@@ -112,40 +103,37 @@ class TestInkWizards : public QObject
     Q_OBJECT
 
 private slots:
-    // Each kind writes its command blocks, or sends its press as a change document.
+    // Each kind writes its command blocks ("name=block", ";" between), or sends its press as a
+    // change document (no blocks); "+" after the button: with photo ink.
     void commandBlocks_data()
     {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<bool>("photoInk");
-        QTest::addColumn<QStringList>("received");
-        QTest::newRow("test page")
-            << "PrintTestPage" << false << QStringList{ink("test page", "@TIJTPAG0")};
-        QTest::newRow("cleaning") << "CleanCartridges" << false
-                                  << QStringList{ink("cartridge cleaning", "@TIJCLEN0")};
-        QTest::newRow("align, no photo ink")
-            << "AlignCartridges" << false
-            << QStringList{ink("alignment page", "@TIJASFP10"),
-                           ink("alignment choice", "@TIJASET3ACE")};
-        QTest::newRow("align, photo ink") << "AlignCartridges" << true
-                                          << QStringList{ink("alignment page", "@TIJASFP11"),
-                                                         ink("alignment choice", "@TIJASET5ACECC")};
-        QTest::newRow("align with scanner")
-            << "AlignCartridgesScan" << false
-            << QStringList{ink("alignment page for the scanner", "@TIJAMFP0"),
-                           ink("scan and align", "@TIJASCN0")};
-        for (const char* press : {"PrintQualityReport", "CleanCartridgesDeep",
-                                  "AlignCartridgesManual", "AlignCartridgesScanXml"})
-            QTest::newRow(press) << press << true
-                                 << QStringList{QStringLiteral("button <%1> pressed").arg(press)};
+        addRows({"button", "received"},
+                {{"test page", "PrintTestPage", "test page=@TIJTPAG0"},
+                 {"cleaning", "CleanCartridges", "cartridge cleaning=@TIJCLEN0"},
+                 {"align, no photo ink", "AlignCartridges",
+                  "alignment page=@TIJASFP10;alignment choice=@TIJASET3ACE"},
+                 {"align, photo ink", "AlignCartridges+",
+                  "alignment page=@TIJASFP11;alignment choice=@TIJASET5ACECC"},
+                 {"align with scanner", "AlignCartridgesScan",
+                  "alignment page for the scanner=@TIJAMFP0;scan and align=@TIJASCN0"},
+                 {"test page press", "PrintQualityReport+", ""},
+                 {"cleaning press", "CleanCartridgesDeep+", ""},
+                 {"align press", "AlignCartridgesManual+", ""},
+                 {"align with scanner press", "AlignCartridgesScanXml+", ""}});
     }
     void commandBlocks()
     {
         QFETCH(QString, button);
-        QFETCH(bool, photoInk);
-        QFETCH(QStringList, received);
+        QFETCH(QString, received);
+        const bool photoInk = button.endsWith('+');
+        button.remove('+');
+        QStringList blocks;
+        for (const QString& block : received.split(';', Qt::SkipEmptyParts))
+            blocks << QStringLiteral("ink command: %1 \"%2\" after 16 zero bytes")
+                          .arg(block.section('=', 0, 0), block.section('=', 1));
         Setup s;
         auto wizard = s.wizard(button, photoInk);
-        for (int step = 0; step < received.size(); ++step) {
+        for (int step = 0; step < qMax(1, blocks.size()); ++step) {
             QVERIFY(page(*wizard)->isCommitPage());
             if (wizard->findChild<QComboBox*>("row1") && step == 1)
                 choosePatterns(*wizard);
@@ -153,54 +141,48 @@ private slots:
             QCOMPARE(page(*wizard)->failure(), QString());
         }
         QVERIFY(wizard->currentPage()->isFinalPage());
-        QTRY_COMPARE(s.actions(), received);
         // Blocks never go the settings way; a press goes that way alone.
-        const bool press = received.first().startsWith("button");
+        const bool press = blocks.isEmpty();
+        QTRY_COMPARE(s.actions(), press ? QStringList{"button <" + button + "> pressed"} : blocks);
         QCOMPARE(s.sentSettings(), press ? QStringList{button + "=PRESSED"} : QStringList());
     }
 
+    // How many steps succeed before the fault: the printer gone, the press refused, or the
+    // scan failing.
     void failures_data()
     {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<int>("goneAfter"); // steps that succeed before the printer goes
-        QTest::addColumn<bool>("reject");
-        QTest::addColumn<bool>("inkFail");
-        QTest::addColumn<QString>("reason");
-        const QString gone = "could not be opened";
-        QTest::newRow("gone before the test page")
-            << "PrintTestPage" << 0 << false << false << gone;
-        QTest::newRow("gone between alignment pages")
-            << "AlignCartridges" << 1 << false << false << gone;
-        QTest::newRow("gone before a press")
-            << "CleanCartridgesDeep" << 0 << false << false << "did not accept the request";
-        QTest::newRow("press refused")
-            << "PrintQualityReport" << -1 << true << false << "did not accept the request";
-        QTest::newRow("scan failed")
-            << "AlignCartridgesScan" << 1 << false << true << "could not read the alignment page";
+        const char* gone = "could not be opened";
+        const char* refused = "did not accept the request";
+        addRows({"button", "steps", "fault", "reason"},
+                {{"gone before the test page", "PrintTestPage", "0", "gone", gone},
+                 {"gone between alignment pages", "AlignCartridges", "1", "gone", gone},
+                 {"gone before a press", "CleanCartridgesDeep", "0", "gone", refused},
+                 {"press refused", "PrintQualityReport", "0", "reject", refused},
+                 {"scan failed", "AlignCartridgesScan", "1", "ink",
+                  "could not read the alignment page"}});
     }
     void failures()
     {
         QFETCH(QString, button);
-        QFETCH(int, goneAfter);
-        QFETCH(bool, reject);
-        QFETCH(bool, inkFail);
+        QFETCH(QString, steps);
+        QFETCH(QString, fault);
         QFETCH(QString, reason);
         VirtualPrinterOptions options;
-        options.rejectChanges = reject;
-        options.inkFail = inkFail;
+        options.rejectChanges = fault == "reject";
+        options.inkFail = fault == "ink";
         Setup s(options);
         auto wizard = s.wizard(button, false);
-        for (int step = 0; step < goneAfter; ++step)
+        for (int step = 0; step < steps.toInt(); ++step)
             commit(*wizard);
-        if (goneAfter >= 0 && !inkFail)
+        if (fault == "gone")
             s.printer.reset();
         if (wizard->findChild<QComboBox*>("row1"))
             choosePatterns(*wizard);
         const int stuck = wizard->currentId();
         commit(*wizard);
         QCOMPARE(wizard->currentId(), stuck);
-        QVERIFY(page(*wizard)->failure().contains(reason));
-        QVERIFY(page(*wizard)->failure().contains("try again"));
+        const QString failure = page(*wizard)->failure();
+        QVERIFY2(failure.contains(reason) && failure.contains("try again"), qPrintable(failure));
         QVERIFY(!wizard->currentPage()->isFinalPage());
         if (auto* row1 = wizard->findChild<QComboBox*>("row1"))
             QCOMPARE(row1->currentText(), "A"); // the choice survives the failure
@@ -244,17 +226,15 @@ private slots:
     void cleaningOffersTestPage()
     {
         Setup s;
-        InkCleanWizard wizard(s.configurator.get(), "CleanCartridges");
-        wizard.show();
-        commit(wizard);
-        wizard.button(QWizard::FinishButton)->click();
-        QVERIFY(wizard.testPageWanted());
-        InkCleanWizard declined(s.configurator.get(), "CleanCartridges");
-        declined.show();
-        commit(declined);
-        declined.findChild<QAbstractButton*>("testPageBox")->click();
-        declined.button(QWizard::FinishButton)->click();
-        QVERIFY(!declined.testPageWanted());
+        for (const bool wanted : {true, false}) {
+            InkCleanWizard wizard(s.configurator.get(), "CleanCartridges");
+            wizard.show();
+            commit(wizard);
+            if (!wanted)
+                wizard.findChild<QAbstractButton*>("testPageBox")->click();
+            wizard.button(QWizard::FinishButton)->click();
+            QCOMPARE(wizard.testPageWanted(), wanted);
+        }
     }
 };
 
