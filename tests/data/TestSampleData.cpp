@@ -1,23 +1,16 @@
 #include "../elements/Rows.h"
-#include "Attribute.h"
 #include "CapabilityLookup.h"
 #include "ComplexElement.h"
 #include "ConcreteElement.h"
 #include "ConditionNode.h"
-#include "Constraint.h"
 #include "Dependency.h"
-#include "ElementType.h"
 #include "ListElement.h"
 #include "Parameter.h"
 #include "SettingsParser.h"
 #include "TableElement.h"
 #include "Translator.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QtTest>
-
-#include <memory>
 
 namespace {
 

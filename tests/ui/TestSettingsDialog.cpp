@@ -9,7 +9,6 @@
 #include "SettingsViewItem.h"
 #include "VirtualPrinterProcess.h"
 
-#include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -19,7 +18,6 @@
 #include <QTest>
 #include <QTextBrowser>
 #include <QTimer>
-#include <QTreeWidget>
 
 namespace {
 

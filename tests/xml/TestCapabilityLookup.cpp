@@ -4,7 +4,6 @@
 #include "CapabilityLookup.h"
 #include "Log.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
 
 // The capability list read and searched for a device name: model keys, the three flags, what

@@ -7,11 +7,8 @@
 #include "IPAddressElement.h"
 #include "ListElement.h"
 #include "NumericElement.h"
-#include "Parameter.h"
-#include "SettingsParser.h"
 #include "SubnetMaskElement.h"
 
-#include <QDomDocument>
 #include <QtTest>
 
 namespace {

@@ -1,7 +1,5 @@
 #include "../elements/Rows.h"
 
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 // The tree printer, run as a program.

@@ -2,11 +2,8 @@
 
 #include "ListElement.h"
 #include "Parameter.h"
-#include "SettingsParser.h"
 #include "Translator.h"
 
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 // Setting texts from a translation file.
