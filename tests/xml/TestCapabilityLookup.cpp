@@ -31,42 +31,34 @@ class TestCapabilityLookup : public QObject
     }
 
 private slots:
-    void flags_data()
-    {
-        addRows({"attributes", "expected"},
-                {{"none", "", "111"},
-                 {"false", "NETWORK='false'", "011"},
-                 {"FALSE", "BUYNOWBUTTON='FALSE'", "101"},
-                 {"mixed case", "IDS='FaLsE'", "110"},
-                 {"no and 0 keep it", "NETWORK='no' IDS='0'", "111"},
-                 {"empty keeps it", "NETWORK=''", "111"},
-                 {"all off", "NETWORK='false' BUYNOWBUTTON='false' IDS='false'", "000"}});
-    }
-    void flags()
-    {
-        QFETCH(QString, attributes);
-        QFETCH(QString, expected);
-        const QString list =
-            writeList("<Devices><Model NAME='LX 500' " + attributes.toUtf8() + "/></Devices>");
-        QCOMPARE(flags(lookupCapabilities(list, "LX_500")), expected);
-    }
-
+    // The flags of the entry "Flagged" as its attributes set them, and the entry a device name
+    // finds among the others.
     void lookup_data()
     {
-        // One key for both spellings of "Laser MFP"; the later entry wins, with no warning.
-        addRows({"devName", "expected"}, {{"underscores and capitals", "Ormund_InkJet_20", "100"},
-                                          {"blanks", "ormund inkjet 20", "100"},
-                                          {"part of a name", "InkJet_2", "100"},
-                                          {"longer name unique", "LX_5000", "101"},
-                                          {"not listed", "Other_Model", "111"},
-                                          {"key collision", "Laser MFP", "110"}});
+        addRows({"attributes", "devName", "expected"},
+                {{"no flags", "", "Flagged", "111"},
+                 {"false", "NETWORK='false'", "Flagged", "011"},
+                 {"FALSE", "BUYNOWBUTTON='FALSE'", "Flagged", "101"},
+                 {"mixed case", "IDS='FaLsE'", "Flagged", "110"},
+                 {"no and 0 keep it", "NETWORK='no' IDS='0'", "Flagged", "111"},
+                 {"empty keeps it", "NETWORK=''", "Flagged", "111"},
+                 {"all off", "NETWORK='false' BUYNOWBUTTON='false' IDS='false'", "Flagged", "000"},
+                 {"underscores and capitals", "", "Ormund_InkJet_20", "100"},
+                 {"blanks", "", "ormund inkjet 20", "100"},
+                 {"part of a name", "", "InkJet_2", "100"},
+                 {"longer name unique", "", "LX_5000", "101"},
+                 {"not listed", "", "Other_Model", "111"},
+                 // One key for both spellings; the later entry wins, with no warning.
+                 {"key collision", "", "Laser MFP", "110"}});
     }
     void lookup()
     {
+        QFETCH(QString, attributes);
         QFETCH(QString, devName);
         QFETCH(QString, expected);
         const QString list =
-            writeList("<Devices><M NAME='Ormund LX 500' NETWORK='false'/>"
+            writeList("<Devices><M NAME='Flagged' " + attributes.toUtf8() +
+                      "/><M NAME='Ormund LX 500' NETWORK='false'/>"
                       "<M NAME='Ormund InkJet 20' IDS='false' BUYNOWBUTTON='false'/>"
                       "<M NAME='Ormund LX 5000 Pro' BUYNOWBUTTON='false'/>"
                       "<A NAME='Laser MFP' NETWORK='false'/>"
