@@ -16,52 +16,48 @@ private:
     {
         return QStringLiteral("<root><Translation>%1</Translation></root>").arg(body);
     }
+    // One message; without a value when `value` is null.
+    static QString m(const QString& id, const char* value = nullptr)
+    {
+        return "<message><Id>" + id + "</Id>" +
+               (value ? QString("<Value>%1</Value>").arg(value) : QString()) + "</message>";
+    }
 
 private slots:
     void lookup_data()
     {
         QTest::addColumn<QString>("body");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("description");
-        const QString title = "<message><Id>Copies</Id><Value>Kopien</Value></message>";
-        const QString desc =
-            "<message><Id>Copies description</Id><Value>Anzahl der Kopien</Value></message>";
-        const QString both = "Kopien|Anzahl der Kopien", titleOnly = "Kopien|default desc";
+        QTest::addColumn<QString>("expected"); // title|description
+        const QString title = m("Copies", "Kopien"), desc = m("Copies description", "Anzahl");
+        const QString both = "Kopien|Anzahl", titleOnly = "Kopien|default desc";
         const QString rows[][3] = {
             {"both", title + desc, both},
             {"title only", title, titleOnly},
             {"missing keeps defaults", "", "default|default desc"},
-            {"later match replaces until both found",
-             title + "<message><Id>Copies</Id><Value>Exemplare</Value></message>" + desc,
-             "Exemplare|Anzahl der Kopien"},
-            {"walk stops once both found",
-             title + desc + "<message><Id>Copies</Id><Value>Zu spaet</Value></message>", both},
-            {"non-matching message without Value is harmless",
-             "<message><Id>Other</Id></message>" + title, titleOnly},
+            {"later match replaces until both found", title + m("Copies", "Exemplare") + desc,
+             "Exemplare|Anzahl"},
+            {"walk stops once both found", title + desc + m("Copies", "Zu spaet"), both},
+            {"non-matching message without Value is harmless", m("Other") + title, titleOnly},
             {"others skipped",
              "<note><Id>Copies</Id><Value>X</Value></note><message><Value>Y</Value></message>"
              "<!-- c -->" +
                  title,
              titleOnly},
-            {"ids are case-sensitive", "<message><Id>copies</Id><Value>x</Value></message>",
-             "default|default desc"},
-            {"after a match no Value later is never reached",
-             title + desc + "<message><Id>Copies</Id></message>", both},
+            {"ids are case-sensitive", m("copies", "x"), "default|default desc"},
+            {"after a match no Value later is never reached", title + desc + m("Copies"), both},
         };
         for (const auto& row : rows)
-            QTest::newRow(qPrintable(row[0]))
-                << row[1] << row[2].section('|', 0, 0) << row[2].section('|', 1);
+            QTest::newRow(qPrintable(row[0])) << row[1] << row[2];
     }
     void lookup()
     {
         QFETCH(QString, body);
-        QFETCH(QString, title);
-        QFETCH(QString, description);
+        QFETCH(QString, expected);
         Translator translator;
         QVERIFY(translator.setContent(messages(body)));
-        QString gotTitle, gotDescription;
-        translator.lookup("Copies", "default", "default desc", &gotTitle, &gotDescription);
-        QCOMPARE(gotTitle + '|' + gotDescription, title + '|' + description);
+        QString title, description;
+        translator.lookup("Copies", "default", "default desc", &title, &description);
+        QCOMPARE(title + '|' + description, expected);
     }
     void translatesTree()
     {
@@ -69,10 +65,8 @@ private slots:
             "<General STRING=\"General\"><Copies TYPE=\"INTEGER\" STRING=\"Copies\"/>"
             "<Tray TYPE=\"COMBOBOX\"><T1 STRING=\"Tray 1\"/><T2/></Tray></General>");
         Translator translator;
-        translator.setContent(
-            messages("<message><Id>General</Id><Value>Allgemein</Value></message>"
-                     "<message><Id>Copies description</Id><Value>Wie viele</Value>"
-                     "</message><message><Id>T1</Id><Value>Fach 1</Value></message>"));
+        translator.setContent(messages(m("General", "Allgemein") +
+                                       m("Copies description", "Wie viele") + m("T1", "Fach 1")));
         QVERIFY(parser->translate(translator));
         Element* general = parser->findElement("General");
         Element* copies = parser->findElement("Copies");
@@ -98,7 +92,7 @@ private slots:
         QTemporaryDir dir;
         QFile file(dir.filePath("tav_de.xml"));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(messages("<message><Id>A</Id><Value>Ä</Value></message>").toUtf8());
+        file.write(messages(m("A", "Ä")).toUtf8());
         file.close();
         const Translator translator(file.fileName());
         QVERIFY(translator.isValid());
@@ -114,7 +108,7 @@ private slots:
         // The deliberate stop runs in a child process: this binary with the fatal case only.
         if (qEnvironmentVariableIsSet("TAV_TRANSLATOR_FATAL")) {
             Translator translator;
-            translator.setContent(messages("<message><Id>A</Id></message>"));
+            translator.setContent(messages(m("A")));
             QString title, description;
             translator.lookup("A", "A", "A", &title, &description);
             return;
