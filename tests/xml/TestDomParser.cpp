@@ -92,22 +92,17 @@ private slots:
     {
         DomParser parser;
         QVERIFY(!parser.isValid());
-        QVERIFY(!parser.setContent(QString("<root><open></root>")));
-        QVERIFY(!parser.isValid());
-        QVERIFY(parser.setContent(QString("<root/>")));
-        QVERIFY(parser.isValid());
-        QVERIFY(!parser.setContent(QByteArray("<root")));
-        QVERIFY(!parser.isValid());
+        QVERIFY(!parser.setContent(QString("<root><open></root>")) && !parser.isValid());
+        QVERIFY(parser.setContent(QString("<root/>")) && parser.isValid());
+        QVERIFY(!parser.setContent(QByteArray("<root")) && !parser.isValid());
         QVERIFY(!parser.open(nullptr));
         QByteArray bytes(kDevices);
         QBuffer buffer(&bytes);
-        QVERIFY(parser.open(&buffer));
-        QVERIFY(!buffer.isOpen());
+        QVERIFY(parser.open(&buffer) && !buffer.isOpen());
         QVERIFY(!parser.find(QString("root/Devices")).isNull());
         // A file that cannot be opened leaves the earlier content and its validity alone.
         QFile missing(QString("/nonexistent/capabilities.xml"));
-        QVERIFY(!parser.open(&missing));
-        QVERIFY(parser.isValid());
+        QVERIFY(!parser.open(&missing) && parser.isValid());
     }
 
     void saveRoundTrip()
@@ -157,8 +152,7 @@ private slots:
         QFETCH(QByteArray, bytes);
         DomParser parser;
         QVERIFY(parser.setContent(QString("<ok/>")));
-        QVERIFY(!parser.setContent(bytes));
-        QVERIFY(!parser.isValid());
+        QVERIFY(!parser.setContent(bytes) && !parser.isValid());
         // The parser stays usable.
         QVERIFY(parser.setContent(QByteArray("<root><Devices/></root>")));
         QVERIFY(!parser.find(QString("root/Devices")).isNull());
@@ -166,9 +160,7 @@ private slots:
 
     void oversized()
     {
-        QByteArray big("<root>");
-        big += QByteArray(DomParser::kMaxDocumentBytes, ' ');
-        big += "</root>";
+        const QByteArray big = "<root>" + QByteArray(DomParser::kMaxDocumentBytes, ' ') + "</root>";
         DomParser parser;
         QVERIFY(!parser.setContent(big));
         QVERIFY(!DomParser::screen(big).isEmpty());
