@@ -1,12 +1,17 @@
+#include "../elements/Rows.h"
 #include "SpecText.h"
 
 #include "ListElement.h"
 #include "Parameter.h"
+#include "SystemLocale.h"
 #include "Translator.h"
 
 #include <QtTest>
 
-// Setting texts from a translation file.
+#include <clocale>
+
+// Setting texts from a translation file, and the system language as the translation folders
+// name it.
 class TestTranslator : public QObject
 {
     Q_OBJECT
@@ -123,6 +128,31 @@ private slots:
         QVERIFY(child.waitForFinished(60000));
         QVERIFY(child.exitStatus() == QProcess::CrashExit || child.exitCode() != 0);
         QVERIFY(child.readAll().contains("Wrong XML format"));
+    }
+    void cleanup()
+    {
+        qunsetenv("LC_ALL");
+        std::setlocale(LC_CTYPE, "C");
+    }
+    void language_data()
+    {
+        addRows({"environment", "expected"}, {{"POSIX default", "C", "C tav_C.xml"},
+                                              {"POSIX", "POSIX", "C tav_C.xml"},
+                                              {"with codeset", "C.UTF-8", "C. tav_C..xml"}});
+    }
+    void language()
+    {
+        QFETCH(QString, environment);
+        QFETCH(QString, expected);
+        qputenv("LC_ALL", environment.toUtf8());
+        QCOMPARE(GetSystemLocale() + ' ' + localizedFileName("tav", "xml"), expected);
+    }
+    void german()
+    {
+        qputenv("LC_ALL", "de_DE.UTF-8");
+        if (!std::setlocale(LC_CTYPE, ""))
+            QSKIP("the de_DE.UTF-8 locale is not installed on this machine");
+        QCOMPARE(GetSystemLocale() + ' ' + localizedFileName("help", "html"), "de help_de.html");
     }
 };
 
