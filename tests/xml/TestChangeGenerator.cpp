@@ -7,6 +7,7 @@
 #include "IPAddressElement.h"
 #include "ListElement.h"
 #include "NumericElement.h"
+#include "Parameter.h"
 #include "SubnetMaskElement.h"
 
 #include <QtTest>
