@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "ButtonElement.h"
 #include "ConcreteElement.h"
 #include "Configurator.h"
@@ -138,17 +139,13 @@ private slots:
 
     void refusedOrUnreachableApplyKeepsChanges_data()
     {
-        QTest::addColumn<QStringList>("faults");
-        QTest::addColumn<bool>("reachable");
-        QTest::newRow("refused") << QStringList{"--reject"} << true;
-        QTest::newRow("no answer") << QStringList{"--mute"} << true;
-        QTest::newRow("no device") << QStringList() << false;
+        addRows({"fault"}, // of the virtual printer; "-": no device at all
+                {{"refused", "--reject"}, {"no answer", "--mute"}, {"no device", "-"}});
     }
     void refusedOrUnreachableApplyKeepsChanges()
     {
-        QFETCH(QStringList, faults);
-        QFETCH(bool, reachable);
-        Setup s(QString(), faults, reachable);
+        QFETCH(QString, fault);
+        Setup s(QString(), fault == "-" ? QStringList() : QStringList{fault}, fault != "-");
         s.setting("SleepTimer")->valueChange("30");
         click(s.dialog.applyBtn);
         QCOMPARE(s.boxes.seen.size(), 1);
