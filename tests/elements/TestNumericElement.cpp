@@ -58,8 +58,7 @@ private slots:
     }
     void clamping()
     {
-        QFETCH(QString, attributes);
-        QFETCH(QString, after);
+        const auto [attributes, after] = texts<2>();
         const auto parser = SpecText::read(QString("<N TYPE='%1/>").arg(attributes));
         QSignalSpy spy(numeric(*parser), &ConcreteElement::valueChanged);
         QVERIFY(numeric(*parser)->isValid());
@@ -86,8 +85,7 @@ private slots:
     }
     void spinBoxes()
     {
-        QFETCH(QString, attributes);
-        QFETCH(QString, shown);
+        const auto [attributes, shown] = texts<2>();
         const auto parser =
             SpecText::read(QString("<N STRING='Copies' TYPE='%1/>").arg(attributes));
         QWidget panel;
@@ -154,9 +152,7 @@ private slots:
     }
     void colorMarkers()
     {
-        QFETCH(QString, markers);
-        QFETCH(QString, colors);
-        QFETCH(QString, ignored);
+        const auto [markers, colors, ignored] = texts<3>();
         StderrCapture capture;
         const auto parser = SpecText::read(
             QString("<N TYPE='SLIDER' MIN='0' MAX='100' STEP='5' COLORMARKER='%1'/>").arg(markers));
@@ -178,9 +174,8 @@ private slots:
 
     void fixup_data()
     {
-        QTest::addColumn<int>("decimals"); // -1: integers; limits -5 and 100 or -1 and 10
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("fixed");
+        // -1: integers; limits -5 and 100 or -1 and 10
+        columns<int, QString, QString>({"decimals", "text", "fixed"});
         QTest::newRow("int below") << -1 << "-7" << QString("-5");
         QTest::newRow("int above") << -1 << "150" << QString("100");
         QTest::newRow("int inside") << -1 << "42" << QString("42");
@@ -197,9 +192,7 @@ private slots:
     }
     void fixup()
     {
-        QFETCH(int, decimals);
-        QFETCH(QString, text);
-        QFETCH(QString, fixed);
+        auto [decimals, text, fixed] = fetch<int, QString, QString>();
         if (decimals < 0)
             IntValidator(-5, 100).fixup(text);
         else
@@ -210,8 +203,8 @@ private slots:
     // The decimal spin box scales, rounds half up and stays within int.
     void spinBoxReadsText_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("value"); // two decimals
+        // two decimals
+        columns<QString, int>({"text", "value"});
         QTest::newRow("plain") << "1.23" << 123;
         QTest::newRow("blanks") << "  0.5 " << 50;
         QTest::newRow("rounds half up") << "0.125" << 13;
@@ -221,8 +214,7 @@ private slots:
     }
     void spinBoxReadsText()
     {
-        QFETCH(QString, text);
-        QFETCH(int, value);
+        const auto [text, value] = fetch<QString, int>();
         FloatSpinBox spin(-10.0, 10.0, 0.01, 2);
         spin.findChild<QLineEdit*>()->setText(text);
         bool ok = false;

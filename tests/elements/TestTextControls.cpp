@@ -53,9 +53,7 @@ private slots:
     }
     void defaultPatterns()
     {
-        QFETCH(QString, type);
-        QFETCH(QString, value);
-        QFETCH(QString, kept);
+        const auto [type, value, kept] = texts<3>();
         const auto parser = SpecText::read(
             QStringLiteral("<E TYPE='%1' CURRENT=\"%2\"/>").arg(type, value.toHtmlEscaped()));
         ConcreteElement* e = read(*parser);
@@ -87,9 +85,7 @@ private slots:
     }
     void characterSets()
     {
-        QFETCH(QString, declarations);
-        QFETCH(QString, pattern);
-        QFETCH(QString, warning);
+        const auto [declarations, pattern, warning] = texts<3>();
         StderrCapture capture;
         const auto parser =
             SpecText::read(QStringLiteral("<E TYPE='EDITBOX' CURRENT='v'>%1</E>")
@@ -141,9 +137,7 @@ private slots:
     }
     void addressPatterns()
     {
-        QFETCH(QString, type);
-        QFETCH(QString, value);
-        QFETCH(QString, valid);
+        const auto [type, value, valid] = texts<3>();
         const auto parser = SpecText::read(QStringLiteral("<E TYPE='%1'/>").arg(type));
         read(*parser)->valueChange(value);
         QCOMPARE(read(*parser)->isValid(), valid == "valid");
@@ -189,8 +183,7 @@ private slots:
     }
     void dateTimeShown()
     {
-        QFETCH(QString, format);
-        QFETCH(QString, shown);
+        const auto [format, shown] = texts<2>();
         const auto parser = SpecText::read(
             QString("<D TYPE='DATETIME' FormatConstraint='%1' CURRENT='2007-03-05 17:09'/>")
                 .arg(format));
