@@ -195,25 +195,18 @@ private slots:
     }
 
     // The decimal spin box scales, rounds half up and stays within int.
-    void spinBoxReadsText_data()
-    {
-        // two decimals
-        columns<QString, int>({"text", "value"});
-        QTest::newRow("plain") << "1.23" << 123;
-        QTest::newRow("blanks") << "  0.5 " << 50;
-        QTest::newRow("rounds half up") << "0.125" << 13;
-        QTest::newRow("huge") << "1e12" << 2147483647;
-        QTest::newRow("tiny") << "-1e12" << int(-2147483647 - 1);
-        QTest::newRow("not a number") << "x" << 0;
-    }
+    // In two decimals: plain, blanks, half up, huge, tiny, not a number.
     void spinBoxReadsText()
     {
-        const auto [text, value] = fetch<QString, int>();
         FloatSpinBox spin(-10.0, 10.0, 0.01, 2);
-        spin.findChild<QLineEdit*>()->setText(text);
-        bool ok = false;
-        QCOMPARE(spin.mapTextToValue(&ok), value);
-        QVERIFY(ok);
+        QStringList values;
+        for (const char* text : {"1.23", "  0.5 ", "0.125", "1e12", "-1e12", "x"}) {
+            spin.findChild<QLineEdit*>()->setText(text);
+            bool ok = false;
+            const int value = spin.mapTextToValue(&ok);
+            values.append(QString::number(value) + (ok ? "" : "!"));
+        }
+        QCOMPARE(values.join(' '), "123 50 13 2147483647 -2147483648 0");
     }
 };
 
