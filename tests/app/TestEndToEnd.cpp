@@ -176,11 +176,8 @@ private slots:
 
     void unreachableDeviceIsReported_data()
     {
-        columns<QString, QString>({"locale", "title"});
-        QTest::newRow("English") << "C"
-                                 << "^Error$";
-        QTest::newRow("German") << "de_DE.UTF-8"
-                                << "^Fehler$";
+        addRows({"locale", "title"},
+                {{"English", "C", "^Error$"}, {"German", "de_DE.UTF-8", "^Fehler$"}});
     }
 
     void unreachableDeviceIsReported()
