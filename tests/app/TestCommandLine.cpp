@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "ProgramPaths.h"
 #include "TavProcess.h"
 
@@ -32,9 +33,7 @@ class TestCommandLine : public QObject
 private slots:
     void endsAtOnce_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QByteArray>("err");
+        columns<QStringList, int, QByteArray>({"arguments", "status", "err"});
         const QByteArray usage = "Usage: tav <devPath> <devName>\n";
         QTest::newRow("nothing") << QStringList() << 1 << usage;
         QTest::newRow("one word") << QStringList{"/dev/usb/lp97"} << 1 << usage;
@@ -46,9 +45,7 @@ private slots:
     }
     void endsAtOnce()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, status);
-        QFETCH(QByteArray, err);
+        const auto [arguments, status, err] = fetch<QStringList, int, QByteArray>();
         const Run r = TavProcess::run(arguments);
         QCOMPARE(r.status, status);
         QCOMPARE(r.err, err);
@@ -82,16 +79,14 @@ private slots:
 
     void debugAnywhere_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("debugIndex");
+        columns<QStringList, int>({"arguments", "debugIndex"});
         QTest::newRow("after") << QStringList{"/dev/usb/lp97", "M", "debug"} << 3;
         QTest::newRow("first") << QStringList{"debug", "/dev/usb/lp97", "M"} << 1;
         QTest::newRow("as devName") << QStringList{"/dev/usb/lp97", "debug"} << 2;
     }
     void debugAnywhere()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, debugIndex);
+        const auto [arguments, debugIndex] = fetch<QStringList, int>();
         const Run r = TavProcess::run(arguments, kNoDevice);
         QCOMPARE(r.status, Run::kStopped);
         const QStringList out = lines(r.err);
@@ -110,9 +105,7 @@ private slots:
 
     void programDir_data()
     {
-        QTest::addColumn<QString>("argv0");
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("expected");
+        columns<QString, QString, QString>({"argv0", "path", "expected"});
         const QString bin = TAV_BIN_DIR;
         const QString cwd = QDir::currentPath();
         QTest::newRow("absolute") << "/opt/x/../tav/bin/tav" << QString() << "/opt/tav/bin";
@@ -130,9 +123,7 @@ private slots:
     }
     void programDir()
     {
-        QFETCH(QString, argv0);
-        QFETCH(QString, path);
-        QFETCH(QString, expected);
+        const auto [argv0, path, expected] = texts<3>();
         QCOMPARE(programDirFromArgument(QFile::encodeName(argv0), QFile::encodeName(path)),
                  expected);
     }

@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "ConcreteElement.h"
 #include "Configurator.h"
 #include "Element.h"
@@ -91,9 +92,7 @@ private slots:
 
     void translationChoice_data()
     {
-        QTest::addColumn<QByteArray>("locale");
-        QTest::addColumn<QStringList>("folders");
-        QTest::addColumn<QString>("title");
+        columns<QByteArray, QStringList, QString>({"locale", "folders", "title"});
         QTest::newRow("German folder")
             << QByteArray("de_DE.UTF-8") << QStringList{"de", "en"} << "Ruhezustand nach";
         QTest::newRow("no German folder, English")
@@ -106,9 +105,7 @@ private slots:
 
     void translationChoice()
     {
-        QFETCH(QByteArray, locale);
-        QFETCH(QStringList, folders);
-        QFETCH(QString, title);
+        const auto [locale, folders, title] = fetch<QByteArray, QStringList, QString>();
         Installation install;
         for (const QString& folder : folders) {
             const char* text = folder == QLatin1String("de") ? "Ruhezustand nach" : "Sleep after";
@@ -128,18 +125,14 @@ private slots:
 
     void capabilities_data()
     {
-        QTest::addColumn<bool>("listed");
-        QTest::addColumn<bool>("network");
-        QTest::addColumn<bool>("ids");
+        columns<bool, bool, bool>({"listed", "network", "ids"});
         QTest::newRow("listed with flags off") << true << false << false;
         QTest::newRow("no list, every feature") << false << true << true;
     }
 
     void capabilities()
     {
-        QFETCH(bool, listed);
-        QFETCH(bool, network);
-        QFETCH(bool, ids);
+        const auto [listed, network, ids] = fetch<bool, bool, bool>();
         Installation install;
         if (listed)
             write(install.share("capabilities.xml"),

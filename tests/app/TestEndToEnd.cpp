@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "../ui/VirtualPrinterProcess.h"
 #include "TavProcess.h"
 
@@ -114,9 +115,7 @@ private slots:
 
     void editAndApply_data()
     {
-        QTest::addColumn<QStringList>("faults");
-        QTest::addColumn<QString>("extra");
-        QTest::addColumn<bool>("accepted");
+        columns<QStringList, QString, bool>({"faults", "extra", "accepted"});
         QTest::newRow("accepted") << QStringList() << QString() << true;
         QTest::newRow("refused") << QStringList{"--reject"} << QString() << false;
         QTest::newRow("invalid value elsewhere")
@@ -128,9 +127,7 @@ private slots:
 
     void editAndApply()
     {
-        QFETCH(QStringList, faults);
-        QFETCH(QString, extra);
-        QFETCH(bool, accepted);
+        const auto [faults, extra, accepted] = fetch<QStringList, QString, bool>();
         Installation app;
         VirtualPrinterProcess printer(app.writeSpecification(extra), app.dir.path(), faults);
         QVERIFY(printer.isReady());
@@ -179,18 +176,13 @@ private slots:
 
     void unreachableDeviceIsReported_data()
     {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QString>("title");
-        QTest::newRow("English") << "C"
-                                 << "^Error$";
-        QTest::newRow("German") << "de_DE.UTF-8"
-                                << "^Fehler$";
+        addRows({"locale", "title"},
+                {{"English", "C", "^Error$"}, {"German", "de_DE.UTF-8", "^Fehler$"}});
     }
 
     void unreachableDeviceIsReported()
     {
-        QFETCH(QString, locale);
-        QFETCH(QString, title);
+        const auto [locale, title] = texts<2>();
         Installation app;
         QProcess tav;
         app.start(tav, app.dir.filePath("no-such-printer"), {}, locale);

@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "ExternalPrograms.h"
 #include "ProgramPaths.h"
 #include "StderrCapture.h"
@@ -45,38 +46,28 @@ class TestExternalPrograms : public QObject
 private slots:
     void shellQuote_data()
     {
-        QTest::addColumn<QString>("word");
-        QTest::addColumn<QString>("quoted");
-        QTest::newRow("device path") << "/dev/usb/lp0"
-                                     << "/dev/usb/lp0";
-        QTest::newRow("safe punctuation") << "a.b_c-d:e=f,g+h@i%j"
-                                          << "a.b_c-d:e=f,g+h@i%j";
-        QTest::newRow("blank") << "/dev/usb/my lp0"
-                               << "'/dev/usb/my lp0'";
-        QTest::newRow("empty") << QString() << "''";
-        QTest::newRow("single quote") << "it's"
-                                      << "'it'\\''s'";
-        QTest::newRow("command substitution") << "$(id)"
-                                              << "'$(id)'";
-        QTest::newRow("address with & and ;") << "http://host/?a=1&b=2;touch /tmp/x"
-                                              << "'http://host/?a=1&b=2;touch /tmp/x'";
-        QTest::newRow("non-ASCII") << "Dr\u00fccker"
-                                   << "'Dr\u00fccker'";
-        QTest::newRow("newline") << "a\nb"
-                                 << "'a\nb'";
+        addRows({"word", "quoted"},
+                {{"device path", "/dev/usb/lp0", "/dev/usb/lp0"},
+                 {"safe punctuation", "a.b_c-d:e=f,g+h@i%j", "a.b_c-d:e=f,g+h@i%j"},
+                 {"blank", "/dev/usb/my lp0", "'/dev/usb/my lp0'"},
+                 {"empty", "", "''"},
+                 {"single quote", "it's", "'it'\\''s'"},
+                 {"command substitution", "$(id)", "'$(id)'"},
+                 {"address with & and ;", "http://host/?a=1&b=2;touch /tmp/x",
+                  "'http://host/?a=1&b=2;touch /tmp/x'"},
+                 {"non-ASCII", "Dr\u00fccker", "'Dr\u00fccker'"},
+                 {"newline", "a\nb", "'a\nb'"}});
     }
 
     void shellQuote()
     {
-        QFETCH(QString, word);
-        QFETCH(QString, quoted);
+        const auto [word, quoted] = texts<2>();
         QCOMPARE(ExternalPrograms::shellQuote(word), quoted);
     }
 
     void launchers_data()
     {
-        QTest::addColumn<int>("which");
-        QTest::addColumn<QString>("program");
+        columns<int, QString>({"which", "program"});
         QTest::newRow("wireless") << 0 << WirelessSetupPath;
         QTest::newRow("address book") << 1 << AddressBookPath;
         QTest::newRow("email book") << 2 << EmailBookPath;
@@ -85,8 +76,7 @@ private slots:
 
     void launchers()
     {
-        QFETCH(int, which);
-        QFETCH(QString, program);
+        const auto [which, program] = fetch<int, QString>();
         // A program folder with a blank, and a device path that tries to run a command.
         QTemporaryDir root;
         const QString programDir = root.filePath("Tavolor Suite/Tav/bin");
@@ -172,22 +162,17 @@ private slots:
 
     void resolvePaths_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("resolved");
-        QTest::newRow("empty") << QString() << "/opt/Tav/bin";
-        QTest::newRow("dot slash") << "./tav.xml"
-                                   << "/opt/Tav/bin/tav.xml";
-        QTest::newRow("parent") << "../share/capabilities.xml"
-                                << "/opt/Tav/share/capabilities.xml";
+        addRows({"name", "resolved"},
+                {{"empty", "", "/opt/Tav/bin"},
+                 {"dot slash", "./tav.xml", "/opt/Tav/bin/tav.xml"},
+                 {"parent", "../share/capabilities.xml", "/opt/Tav/share/capabilities.xml"},
+                 {"plain", "dependencies.xml", "/opt/Tav/bin/dependencies.xml"}});
         QTest::newRow("sibling") << WirelessSetupPath << "/opt/WirelessSetup/bin/wirelesssetup";
-        QTest::newRow("plain") << "dependencies.xml"
-                               << "/opt/Tav/bin/dependencies.xml";
     }
 
     void resolvePaths()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, resolved);
+        const auto [name, resolved] = texts<2>();
         QCOMPARE(resolveProgramPath("/opt/Tav/bin", name), resolved);
     }
 };

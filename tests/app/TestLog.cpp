@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "Log.h"
 #include "StderrCapture.h"
 
@@ -51,29 +52,14 @@ private:
 private slots:
     void cleanup() { logLevel = kDefaultLogLevel; }
 
-    void defaultLevel_data()
-    {
-        QTest::addColumn<uint>("level");
-        QTest::addColumn<QByteArray>("expected");
-        QTest::newRow("0 bare") << 0u << QByteArray("message\n");
-        QTest::newRow("1 fatal") << 1u << QByteArray("FATAL: message\n");
-        QTest::newRow("2 emergency") << 2u << QByteArray("EMERGENCY: message\n");
-        QTest::newRow("3 alert") << 3u << QByteArray("ALERT: message\n");
-        QTest::newRow("4 critical") << 4u << QByteArray("CRITICAL: message\n");
-        QTest::newRow("5 error") << 5u << QByteArray("ERROR: message\n");
-        QTest::newRow("6 warning") << 6u << QByteArray("WARNING: message\n");
-        QTest::newRow("7 notice") << 7u << QByteArray("NOTICE: message\n");
-        QTest::newRow("8 info") << 8u << QByteArray("INFO: message\n");
-        QTest::newRow("9 ordinary") << 9u << QByteArray("message\n");
-        QTest::newRow("10 filtered") << 10u << QByteArray();
-        QTest::newRow("11 filtered") << 11u << QByteArray();
-    }
-
+    // Every level's line at the default level, in one text: levels 10 and up are left out.
     void defaultLevel()
     {
-        QFETCH(uint, level);
-        QFETCH(QByteArray, expected);
-        QCOMPARE(logged(level, "message"), expected);
+        QByteArray all;
+        for (uint level = 0; level < 12; ++level)
+            all += logged(level, QByteArray::number(level).constData());
+        QCOMPARE(all, QByteArray("0\nFATAL: 1\nEMERGENCY: 2\nALERT: 3\nCRITICAL: 4\nERROR: 5\n"
+                                 "WARNING: 6\nNOTICE: 7\nINFO: 8\n9\n"));
     }
 
     void debugPrefix()
@@ -92,9 +78,7 @@ private slots:
 
     void bufferLimits_data()
     {
-        QTest::addColumn<int>("length");
-        QTest::addColumn<int>("printed");
-        QTest::addColumn<int>("overflow");
+        columns<int, int, int>({"length", "printed", "overflow"});
         QTest::newRow("short") << 100 << 100 << 0;
         QTest::newRow("one short of exact") << 4095 << 4095 << 0;
         QTest::newRow("exact fit loses one, counts none") << 4096 << 4095 << 0;
@@ -104,9 +88,7 @@ private slots:
 
     void bufferLimits()
     {
-        QFETCH(int, length);
-        QFETCH(int, printed);
-        QFETCH(int, overflow);
+        const auto [length, printed, overflow] = fetch<int, int, int>();
         const QByteArray message(length, 'x');
         const QByteArray line = logged(9, message.constData());
         QByteArray expected = message.left(printed);
@@ -131,8 +113,7 @@ private slots:
 
     void noHeapAllocation_data()
     {
-        QTest::addColumn<uint>("level");
-        QTest::addColumn<uint>("threshold");
+        columns<uint, uint>({"level", "threshold"});
         QTest::newRow("written") << 9u << kDefaultLogLevel;
         QTest::newRow("written with prefix") << 5u << kDebugLogLevel;
         QTest::newRow("filtered") << 10u << kDefaultLogLevel;
@@ -140,8 +121,7 @@ private slots:
 
     void noHeapAllocation()
     {
-        QFETCH(uint, level);
-        QFETCH(uint, threshold);
+        const auto [level, threshold] = fetch<uint, uint>();
         logLevel = threshold;
         StderrCapture capture;
         ::log(level, "warm", 1, "Up.cpp", "%s", "first call sets up time zone data");
@@ -155,9 +135,7 @@ private slots:
 
     void reportBuffer_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<uint>("shown");
-        QTest::addColumn<QByteArray>("expected");
+        columns<QByteArray, uint, QByteArray>({"bytes", "shown", "expected"});
         QTest::newRow("cut") << QByteArray("\x01\xab\xff", 3) << 2u
                              << QByteArray("title: [0x01][0xab] ... 2 from 3\n");
         QTest::newRow("all") << QByteArray("\x00\x10", 2) << 8u
@@ -169,38 +147,25 @@ private slots:
 
     void reportBuffer()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(uint, shown);
-        QFETCH(QByteArray, expected);
+        const auto [bytes, shown, expected] = fetch<QByteArray, uint, QByteArray>();
         StderrCapture capture;
         ReportBuffer(bytes.constData(), uint32_t(bytes.size()), shown, "title: ");
         QCOMPARE(capture.text(), expected);
     }
 
-    void hexFunctions_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QByteArray>("byteString");
-        const QByteArray sixteen = QByteArray::fromHex("00112233445566778899aabbccddeeff");
-        QTest::newRow("empty") << QByteArray() << QString() << QByteArray();
-        QTest::newRow("three") << QByteArray("\x0a\xbc\xff", 3) << QStringLiteral("0ABCFF")
-                               << QByteArray("0abcff");
-        QTest::newRow("sixteen, no dots")
-            << sixteen << QStringLiteral("00112233445566778899AABBCCDDEEFF")
-            << QByteArray("00112233445566778899aabbccddeeff");
-        QTest::newRow("seventeen, cut")
-            << sixteen + '\x7f' << QStringLiteral("00112233445566778899AABBCCDDEEFF...")
-            << QByteArray("00112233445566778899aabbccddeeff7f");
-    }
-
+    // Empty, three bytes, sixteen without dots, seventeen cut: "hexText|hexByteString".
     void hexFunctions()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, text);
-        QFETCH(QByteArray, byteString);
-        QCOMPARE(hexText(bytes), text);
-        QCOMPARE(hexByteString(bytes), byteString);
+        const QByteArray sixteen = QByteArray::fromHex("00112233445566778899aabbccddeeff");
+        QStringList texts;
+        for (const QByteArray& bytes :
+             {QByteArray(), QByteArray("\x0a\xbc\xff", 3), sixteen, sixteen + '\x7f'})
+            texts.append(hexText(bytes) + '|' + QString::fromLatin1(hexByteString(bytes)));
+        QCOMPARE(texts, QStringList({"|", "0ABCFF|0abcff",
+                                     "00112233445566778899AABBCCDDEEFF|"
+                                     "00112233445566778899aabbccddeeff",
+                                     "00112233445566778899AABBCCDDEEFF...|"
+                                     "00112233445566778899aabbccddeeff7f"}));
     }
 
     void assertionGoesOn()

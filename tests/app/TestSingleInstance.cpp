@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "QtSingleApplication.h"
 #include "TavProcess.h"
 
@@ -27,9 +28,7 @@ class TestSingleInstance : public QObject
 private slots:
     void selectionName_data()
     {
-        QTest::addColumn<QByteArray>("user");
-        QTest::addColumn<QString>("id");
-        QTest::addColumn<QByteArray>("name");
+        columns<QByteArray, QString, QByteArray>({"user", "id", "name"});
         QTest::newRow("plain") << QByteArray("anna") << QStringLiteral("/dev/usb/lp0 Laser MFP")
                                << QByteArray("anna/dev/usb/lp0 Laser MFP");
         QTest::newRow("no user") << QByteArray() << QStringLiteral("lp0 M") << QByteArray("lp0 M");
@@ -44,9 +43,7 @@ private slots:
 
     void selectionName()
     {
-        QFETCH(QByteArray, user);
-        QFETCH(QString, id);
-        QFETCH(QByteArray, name);
+        const auto [user, id, name] = fetch<QByteArray, QString, QByteArray>();
         QCOMPARE(QtSingleApplication::selectionName(user, id), name);
     }
 

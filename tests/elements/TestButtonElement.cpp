@@ -1,5 +1,6 @@
 #include "../xml/SpecText.h"
 #include "ReceiverProbe.h"
+#include "Rows.h"
 
 #include "FormElement.h"
 #include "PopupForm.h"
@@ -65,9 +66,8 @@ class TestButtonElement : public QObject
 private slots:
     void buttonReachesItsSlot_data()
     {
-        QTest::addColumn<QString>("setting");
-        QTest::addColumn<QString>("shown"); // caption|button text: the caption names a label
-        QTest::addColumn<QString>("call");
+        // caption|button text: the caption names a label
+        columns<QString, QString, QString>({"setting", "shown", "call"});
         const char* rows[][3] = {
             {"BUTTON' STRING='Test' BUTTONLABEL='Print", "Test|&Print", "elementChanged"},
             {"BUTTON' BUTTONLABEL='&amp;Go", "K|&&&Go", "elementChanged"},
@@ -85,9 +85,7 @@ private slots:
     }
     void buttonReachesItsSlot()
     {
-        QFETCH(QString, setting);
-        QFETCH(QString, shown);
-        QFETCH(QString, call);
+        const auto [setting, shown, call] = texts<3>();
         const auto parser = SpecText::read("<K TYPE='" + setting + "'/>");
         Element* element = parser->findElement("K");
         ReceiverProbe probe;

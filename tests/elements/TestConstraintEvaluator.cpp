@@ -1,5 +1,6 @@
 #include "../xml/SpecText.h"
 #include "ReceiverProbe.h"
+#include "Rows.h"
 
 #include "ConstraintEvaluator.h"
 #include "ControlBox.h"
@@ -42,6 +43,10 @@ struct Xml
     static QString on(const QString& id, const QString& rules) { return tag(id, rules); }
     static QString rule(const QString& kind, const QString& body) { return tag(kind, body); }
     static QString onT(const QString& kind, const QString& b) { return on("T", tag(kind, b)); }
+    static QString onT2(const QString& k1, const QString& b1, const QString& k2, const QString& b2)
+    {
+        return on("T", tag(k1, b1) + tag(k2, b2));
+    }
     static QString tag(const QString& tag, const QString& body)
     {
         return QString("<%1>%2</%3>").arg(tag, body, tag.section(' ', 0, 0));
@@ -72,51 +77,43 @@ class TestConstraintEvaluator : public QObject, private Xml
 
 private slots:
     void initTestCase() { QVERIFY(QDir::setCurrent(dir.path())); }
+    // Each row: the rules, then A's value when read > after the change: T's state, B's minimum
+    // and value.
     void effects_data()
     {
-        QTest::addColumn<QString>("rules");
-        // A's value when read > after the change: T's state, B's minimum and value.
-        QTest::addColumn<QString>("scenario");
+        columns<QString, QString>({"rules", "scenario"});
+        const auto row = [](const char* name, const QString& rules, const char* scenario) {
+            QTest::newRow(name) << rules << QString(scenario);
+        };
         const QString all = "<Condition><A CURRENT='on'/><B CURRENT='1' IS='GREAT'/></Condition>";
-        QTest::newRow("disable holds") << onT("Disable", kOn) << "off>on: disabled shown 0 1";
-        QTest::newRow("disable fails") << onT("Disable", kOn) << "on>off: enabled shown 0 1";
-        QTest::newRow("enable holds") << onT("Enable", kOn) << "off>on: enabled shown 0 1";
-        QTest::newRow("hide holds") << onT("Hide", kOn) << "off>on: enabled hidden 0 1";
-        QTest::newRow("hidden when read") << onT("Hide", kOn) << "on>on: enabled hidden 0 1";
-        QTest::newRow("hide fails") << onT("Hide", kOn) << "on>off: enabled shown 0 1";
-        QTest::newRow("no condition holds") << onT("Disable", "") << ">: disabled shown 0 1";
-        QTest::newRow("any group") << onT("Disable", kOff + kOn) << "x>on: disabled shown 0 1";
-        QTest::newRow("all of a group") << onT("Disable", all) << "off>on: enabled shown 0 1";
-        QTest::newRow("missing setting")
-            << onT("Enable", cond("No", "")) << ">: disabled shown 0 1";
-        QTest::newRow("as numbers")
-            << onT("Disable", cond("B", "09", "LESS")) << ">: disabled shown 0 1";
-        QTest::newRow("equal as text")
-            << onT("Disable", cond("B", "1.0")) << ">: enabled shown 0 1";
-        QTest::newRow("unknown word")
-            << onT("Disable", cond("B", "1", "equal")) << ">: enabled shown 0 1";
-        QTest::newRow("last holding wins")
-            << on("T", rule("Disable", kOn) + rule("Enable", kOn)) << "off>on: enabled shown 0 1";
-        QTest::newRow("holding beats later")
-            << on("T", rule("Enable", kOn) + rule("Enable", kOff)) << "off>on: enabled shown 0 1";
-        QTest::newRow("none holds: last") << on("T", rule("Disable", kOff) + rule("Enable", kOff))
-                                          << "off>on: disabled shown 0 1";
-        QTest::newRow("any hide") << on("T", rule("Hide", kOff) + rule("Hide", kOn))
-                                  << "off>on: enabled hidden 0 1";
-        QTest::newRow("assigns") << on("B", rule("Constraint", kOn + min("2")))
-                                 << "off>on: enabled shown 2 2";
+        row("disable holds", onT("Disable", kOn), "off>on: disabled shown 0 1");
+        row("disable fails", onT("Disable", kOn), "on>off: enabled shown 0 1");
+        row("enable holds", onT("Enable", kOn), "off>on: enabled shown 0 1");
+        row("hide holds", onT("Hide", kOn), "off>on: enabled hidden 0 1");
+        row("hidden when read", onT("Hide", kOn), "on>on: enabled hidden 0 1");
+        row("hide fails", onT("Hide", kOn), "on>off: enabled shown 0 1");
+        row("no condition holds", onT("Disable", ""), ">: disabled shown 0 1");
+        row("any group", onT("Disable", kOff + kOn), "x>on: disabled shown 0 1");
+        row("all of a group", onT("Disable", all), "off>on: enabled shown 0 1");
+        row("missing setting", onT("Enable", cond("No", "")), ">: disabled shown 0 1");
+        row("as numbers", onT("Disable", cond("B", "09", "LESS")), ">: disabled shown 0 1");
+        row("equal as text", onT("Disable", cond("B", "1.0")), ">: enabled shown 0 1");
+        row("unknown word", onT("Disable", cond("B", "1", "equal")), ">: enabled shown 0 1");
+        row("last holding wins", onT2("Disable", kOn, "Enable", kOn), "off>on: enabled shown 0 1");
+        row("holding wins", onT2("Enable", kOn, "Enable", kOff), "off>on: enabled shown 0 1");
+        row("none: last", onT2("Disable", kOff, "Enable", kOff), "off>on: disabled shown 0 1");
+        row("any hide", onT2("Hide", kOff, "Hide", kOn), "off>on: enabled hidden 0 1");
+        row("assigns", on("B", rule("Constraint", kOn + min("2"))), "off>on: enabled shown 2 2");
         // Held when read, it pulled the value up; released, the value stays.
-        QTest::newRow("released") << on("B", rule("Constraint", kOff + min("2")))
-                                  << "off>on: enabled shown 0 2";
-        QTest::newRow("last assignment")
-            << on("B", rule("Constraint", kOn + min("2")) + rule("Constraint", kOn + min("3")))
-            << "off>on: enabled shown 3 3";
+        row("released", on("B", rule("Constraint", kOff + min("2"))), "off>on: enabled shown 0 2");
+        row("last assignment",
+            on("B", rule("Constraint", kOn + min("2")) + rule("Constraint", kOn + min("3"))),
+            "off>on: enabled shown 3 3");
     }
 
     void effects()
     {
-        QFETCH(QString, rules);
-        QFETCH(QString, scenario);
+        const auto [rules, scenario] = texts<2>();
         const QString change = scenario.section(": ", 0, 0);
         Tree tree(kSettings.arg(change.section('>', 0, 0)), rules);
         auto* t = tree.get("T");
@@ -137,16 +134,14 @@ private slots:
 
     void selfChecked_data()
     {
-        QTest::addColumn<QString>("disable");
-        QTest::addColumn<bool>("applied");
+        columns<QString, bool>({"disable", "applied"});
         QTest::newRow("self-checked") << "Disable" << true;
         QTest::newRow("FALSE") << "Disable SELFCHECKED='false'" << false;
     }
 
     void selfChecked()
     {
-        QFETCH(QString, disable);
-        QFETCH(bool, applied);
+        const auto [disable, applied] = fetch<QString, bool>();
         for (const bool viaControl : {false, true}) {
             Tree tree(kSettings.arg("off"), onT(disable, kOn));
             // The change does not reach the dependants: only the element's own check can see it.
@@ -163,8 +158,7 @@ private slots:
         const auto only = [](const QString& values) {
             return rule("Constraint", cond("M", "Envelope") + "<Value>" + values + "</Value>");
         };
-        QTest::addColumn<QString>("rules");
-        QTest::addColumn<QStringList>("allowed");
+        columns<QString, QStringList>({"rules", "allowed"});
         QTest::newRow("one list") << only("<DL/><C5/>") << QStringList({"DL", "C5"});
         QTest::newRow("lists intersect")
             << only("<DL/><C5/>") + only("<C5/><A4/>") << QStringList({"C5"});
@@ -173,8 +167,7 @@ private slots:
 
     void valueList()
     {
-        QFETCH(QString, rules);
-        QFETCH(QStringList, allowed);
+        const auto [rules, allowed] = fetch<QString, QStringList>();
         Tree tree("<M TYPE='COMBOBOX' CURRENT='Plain'><Plain/><Envelope/></M>"
                   "<P TYPE='COMBOBOX' CURRENT='A4'><A4/><Letter/><DL/><C5/></P>",
                   on("P", rules));

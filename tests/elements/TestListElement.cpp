@@ -60,8 +60,7 @@ private slots:
     }
     void disabledItems()
     {
-        QFETCH(QString, disabled);
-        QFETCH(QString, kept);
+        const auto [disabled, kept] = texts<2>();
         const QString attribute =
             disabled.isNull() ? QString() : QStringLiteral(" DisabledItem='%1'").arg(disabled);
         const auto parser = SpecText::read(
@@ -108,10 +107,7 @@ private slots:
     }
     void shownTexts()
     {
-        QFETCH(QString, current);
-        QFETCH(QString, factory);
-        QFETCH(QString, text);
-        QFETCH(QString, display);
+        const auto [current, factory, text, display] = texts<4>();
         const auto parser = SpecText::read(
             QStringLiteral("<L TYPE='COMBOBOX' CURRENT='%1' FACTORY='%2'><A STRING='Ay'/>"
                            "<B STRING='Bee'/></L>")
@@ -137,9 +133,7 @@ private slots:
     }
     void filter()
     {
-        QFETCH(QString, visible);
-        QFETCH(QString, allowed);
-        QFETCH(QString, after);
+        const auto [visible, allowed, after] = texts<3>();
         const auto parser = SpecText::read("<L TYPE='PAPERSIZE'><A4/></L>");
         Parameter* a4 = list(*parser)->parameters().first();
         a4->setVisible(visible == "shown");
@@ -166,10 +160,7 @@ private slots:
     }
     void controls()
     {
-        QFETCH(QString, type);
-        QFETCH(QString, attributes);
-        QFETCH(QString, shown);
-        QFETCH(QString, layout);
+        const auto [type, attributes, shown, layout] = texts<4>();
         const auto parser = SpecText::read(
             QStringLiteral("<L TYPE='%1' STRING='Duplex' %2><A/><B/></L>").arg(type, attributes));
         QWidget panel;

@@ -1,4 +1,5 @@
 #include "../xml/SpecText.h"
+#include "Rows.h"
 
 #include "ComplexElement.h"
 #include "ElementType.h"
@@ -55,8 +56,7 @@ class TestMnemonicRegistry : public QObject
 private slots:
     void marks_data()
     {
-        QTest::addColumn<QStringList>("captions");
-        QTest::addColumn<QStringList>("marked");
+        columns<QStringList, QStringList>({"captions", "marked"});
         QTest::newRow("first letters") << QStringList({"Paper size", "Paper type", "Tray"})
                                        << QStringList({"&Paper size", "Paper &type", "T&ray"});
         QTest::newRow("case blind")
@@ -70,8 +70,7 @@ private slots:
 
     void marks()
     {
-        QFETCH(QStringList, captions);
-        QFETCH(QStringList, marked);
+        const auto [captions, marked] = fetch<QStringList, QStringList>();
         QWidget window;
         QStringList out;
         for (const QString& caption : captions)

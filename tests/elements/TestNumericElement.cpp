@@ -58,8 +58,7 @@ private slots:
     }
     void clamping()
     {
-        QFETCH(QString, attributes);
-        QFETCH(QString, after);
+        const auto [attributes, after] = texts<2>();
         const auto parser = SpecText::read(QString("<N TYPE='%1/>").arg(attributes));
         QSignalSpy spy(numeric(*parser), &ConcreteElement::valueChanged);
         QVERIFY(numeric(*parser)->isValid());
@@ -86,8 +85,7 @@ private slots:
     }
     void spinBoxes()
     {
-        QFETCH(QString, attributes);
-        QFETCH(QString, shown);
+        const auto [attributes, shown] = texts<2>();
         const auto parser =
             SpecText::read(QString("<N STRING='Copies' TYPE='%1/>").arg(attributes));
         QWidget panel;
@@ -154,9 +152,7 @@ private slots:
     }
     void colorMarkers()
     {
-        QFETCH(QString, markers);
-        QFETCH(QString, colors);
-        QFETCH(QString, ignored);
+        const auto [markers, colors, ignored] = texts<3>();
         StderrCapture capture;
         const auto parser = SpecText::read(
             QString("<N TYPE='SLIDER' MIN='0' MAX='100' STEP='5' COLORMARKER='%1'/>").arg(markers));
@@ -176,58 +172,41 @@ private slots:
         QCOMPARE(sampled.join(' '), colors);
     }
 
-    void fixup_data()
-    {
-        QTest::addColumn<int>("decimals"); // -1: integers; limits -5 and 100 or -1 and 10
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("fixed");
-        QTest::newRow("int below") << -1 << "-7" << QString("-5");
-        QTest::newRow("int above") << -1 << "150" << QString("100");
-        QTest::newRow("int inside") << -1 << "42" << QString("42");
-        QTest::newRow("int not a number") << -1 << "abc" << QString("abc");
-        QTest::newRow("cut to one decimal") << 1 << "2.345" << QString("2.3");
-        QTest::newRow("leading zero of fraction lost") << 1 << "1.05" << QString("1.0");
-        QTest::newRow("two decimals kept") << 2 << "1.05" << QString("1.05");
-        QTest::newRow("no integer part") << 2 << ".5" << QString("0.5");
-        QTest::newRow("no decimals allowed") << 0 << "3.7" << QString("3.0");
-        QTest::newRow("below bottom") << 2 << "-3" << QString("-1.00");
-        QTest::newRow("blanks around, above top") << 1 << " 11 " << QString("10.0");
-        QTest::newRow("no point left alone") << 1 << "7" << QString("7");
-        QTest::newRow("not a number left alone") << 1 << "x" << QString("x");
-    }
+    // Out-of-range numbers go to the nearer limit, surplus decimals are cut; limits -5 and 100
+    // for integers, -1 and 10 for decimals.
     void fixup()
     {
-        QFETCH(int, decimals);
-        QFETCH(QString, text);
-        QFETCH(QString, fixed);
-        if (decimals < 0)
-            IntValidator(-5, 100).fixup(text);
-        else
-            DoubleValidator(-1.0, 10.0, decimals).fixup(text);
-        QCOMPARE(text, fixed);
+        const auto fixed = [](const QValidator& validator, const QStringList& texts) {
+            QStringList out;
+            for (QString text : texts) {
+                validator.fixup(text);
+                out.append('<' + text + '>');
+            }
+            return out.join(' ');
+        };
+        QCOMPARE(fixed(IntValidator(-5, 100), {"-7", "150", "42", "abc"}), "<-5> <100> <42> <abc>");
+        // One decimal: cut, fraction's leading zero lost, blanks and above top, no point, not
+        // a number.
+        QCOMPARE(fixed(DoubleValidator(-1.0, 10.0, 1), {"2.345", "1.05", " 11 ", "7", "x"}),
+                 "<2.3> <1.0> <10.0> <7> <x>");
+        QCOMPARE(fixed(DoubleValidator(-1.0, 10.0, 2), {"1.05", ".5", "-3"}),
+                 "<1.05> <0.5> <-1.00>");
+        QCOMPARE(fixed(DoubleValidator(-1.0, 10.0, 0), {"3.7"}), "<3.0>");
     }
 
     // The decimal spin box scales, rounds half up and stays within int.
-    void spinBoxReadsText_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("value"); // two decimals
-        QTest::newRow("plain") << "1.23" << 123;
-        QTest::newRow("blanks") << "  0.5 " << 50;
-        QTest::newRow("rounds half up") << "0.125" << 13;
-        QTest::newRow("huge") << "1e12" << 2147483647;
-        QTest::newRow("tiny") << "-1e12" << int(-2147483647 - 1);
-        QTest::newRow("not a number") << "x" << 0;
-    }
+    // In two decimals: plain, blanks, half up, huge, tiny, not a number.
     void spinBoxReadsText()
     {
-        QFETCH(QString, text);
-        QFETCH(int, value);
         FloatSpinBox spin(-10.0, 10.0, 0.01, 2);
-        spin.findChild<QLineEdit*>()->setText(text);
-        bool ok = false;
-        QCOMPARE(spin.mapTextToValue(&ok), value);
-        QVERIFY(ok);
+        QStringList values;
+        for (const char* text : {"1.23", "  0.5 ", "0.125", "1e12", "-1e12", "x"}) {
+            spin.findChild<QLineEdit*>()->setText(text);
+            bool ok = false;
+            const int value = spin.mapTextToValue(&ok);
+            values.append(QString::number(value) + (ok ? "" : "!"));
+        }
+        QCOMPARE(values.join(' '), "123 50 13 2147483647 -2147483648 0");
     }
 };
 

@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "IOClient.h"
 #include "IOClientLocker.h"
 #include "LogCapture.h"
@@ -24,9 +25,8 @@ private slots:
 
     void lockerOpensOnlyWhatIsClosed_data()
     {
-        QTest::addColumn<int>("initialMode"); // 0: closed, -1: no such device
-        QTest::addColumn<bool>("valid");
-        QTest::addColumn<QString>("logged");
+        // 0: closed, -1: no such device
+        columns<int, bool, QString>({"initialMode", "valid", "logged"});
         const int raw = QIODevice::Unbuffered;
         QTest::newRow("closed") << 0 << true << "\tm_isValid=1";
         QTest::newRow("raw read-write") << int(QIODevice::ReadWrite | raw) << true << "mode 43";
@@ -39,9 +39,7 @@ private slots:
     }
     void lockerOpensOnlyWhatIsClosed()
     {
-        QFETCH(int, initialMode);
-        QFETCH(bool, valid);
-        QFETCH(QString, logged);
+        const auto [initialMode, valid, logged] = fetch<int, bool, QString>();
         IOClient client(initialMode < 0 ? "/nonexistent/lp0" : terminal.slavePath());
         if (initialMode > 0)
             QVERIFY(client.open(QIODevice::OpenMode(initialMode)));
@@ -59,11 +57,7 @@ private slots:
 
     void readWithLimit_data()
     {
-        QTest::addColumn<int>("available");
-        QTest::addColumn<int>("limit");
-        QTest::addColumn<int>("pollUs");
-        QTest::addColumn<bool>("ok");
-        QTest::addColumn<int>("size");
+        columns<int, int, int, bool, int>({"available", "limit", "pollUs", "ok", "size"});
         QTest::newRow("complete") << 8 << 2000 << 20000 << true << 8;
         QTest::newRow("limit runs out after a partial read") << 3 << 200 << 20000 << false << 3;
         QTest::newRow("limit 0") << 8 << 0 << 20000 << false << 0;
@@ -71,11 +65,7 @@ private slots:
     }
     void readWithLimit()
     {
-        QFETCH(int, available);
-        QFETCH(int, limit);
-        QFETCH(int, pollUs);
-        QFETCH(bool, ok);
-        QFETCH(int, size);
+        const auto [available, limit, pollUs, ok, size] = fetch<int, int, int, bool, int>();
         IOClient client(terminal.slavePath());
         client.setReadPollTimeout(pollUs);
         QVERIFY(client.open(QIODevice::ReadWrite | QIODevice::Unbuffered));

@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "IOClient.h"
 #include "IOClientUsbEp0.h"
 #include "LogCapture.h"
@@ -20,10 +21,8 @@ private slots:
 
     void findsDeviceByBusAddress_data()
     {
-        QTest::addColumn<int>("bus");
-        QTest::addColumn<int>("address");
-        QTest::addColumn<bool>("ioctlFails");
-        QTest::addColumn<QString>("logged"); // empty: found, and silently so
+        // logged: empty when found, and silently so
+        columns<int, int, bool, QString>({"bus", "address", "ioctlFails", "logged"});
         QTest::newRow("same bus and address") << 3 << 7 << false << QString();
         QTest::newRow("unknown address")
             << 3 << 9 << false << "usb device (bus=003 device=009) hasn't been found";
@@ -33,10 +32,7 @@ private slots:
     }
     void findsDeviceByBusAddress()
     {
-        QFETCH(int, bus);
-        QFETCH(int, address);
-        QFETCH(bool, ioctlFails);
-        QFETCH(QString, logged);
+        const auto [bus, address, ioctlFails, logged] = fetch<int, int, bool, QString>();
         IOClient client(UsbPrinterMock::kUsblp);
         behaviour.busNumber = bus;
         behaviour.deviceAddress = address;
@@ -59,11 +55,8 @@ private slots:
 
     void wakeup_data()
     {
-        QTest::addColumn<int>("silentProbes");
-        QTest::addColumn<bool>("wakeupFails");
-        QTest::addColumn<int>("timeout");
-        QTest::addColumn<bool>("awake");
-        QTest::addColumn<int>("probes");
+        columns<int, bool, int, bool, int>(
+            {"silentProbes", "wakeupFails", "timeout", "awake", "probes"});
         QTest::newRow("valid at once") << 0 << false << 5000 << true << 1;
         QTest::newRow("valid after three probes") << 3 << false << 5000 << true << 4;
         QTest::newRow("never, 1000 ms") << -1 << false << 1000 << false << 3;
@@ -72,11 +65,8 @@ private slots:
     }
     void wakeup()
     {
-        QFETCH(int, silentProbes);
-        QFETCH(bool, wakeupFails);
-        QFETCH(int, timeout);
-        QFETCH(bool, awake);
-        QFETCH(int, probes);
+        const auto [silentProbes, wakeupFails, timeout, awake, probes] =
+            fetch<int, bool, int, bool, int>();
         IOClient client(UsbPrinterMock::kUsblp);
         behaviour.silentProbes = silentProbes;
         behaviour.wakeupFails = wakeupFails;
@@ -93,10 +83,8 @@ private slots:
 
     void statusReply_data()
     {
-        QTest::addColumn<int>("length"); // -1: the request stalls
-        QTest::addColumn<uint>("id");
-        QTest::addColumn<uint>("expected");
-        QTest::addColumn<QString>("logged");
+        // -1: the request stalls
+        columns<int, uint, uint, QString>({"length", "id", "expected", "logged"});
         QTest::newRow("7 bytes: no answer") << 7 << 0x123456u << 0xAAAAAAu << "[7 bytes of data]";
         QTest::newRow("8 bytes") << 8 << 0x123456u << 0x123456u
                                  << "I/O: ep0: HOST<FW: [0x00][0x12][0x34][0x56][0x00][0x00][0x00]"
@@ -108,10 +96,7 @@ private slots:
     }
     void statusReply()
     {
-        QFETCH(int, length);
-        QFETCH(uint, id);
-        QFETCH(uint, expected);
-        QFETCH(QString, logged);
+        const auto [length, id, expected, logged] = fetch<int, uint, uint, QString>();
         IOClient client(UsbPrinterMock::kUsblp);
         behaviour.statusLength = length;
         behaviour.controlStalls = length < 0;
@@ -128,9 +113,8 @@ private slots:
 
     void deviceId_data()
     {
-        QTest::addColumn<QByteArray>("ioctlId");
-        QTest::addColumn<QByteArray>("reply"); // to the class request
-        QTest::addColumn<QByteArray>("expected");
+        // to the class request
+        columns<QByteArray, QByteArray, QByteArray>({"ioctlId", "reply", "expected"});
         const QByteArray reply("\x00\x0bMFG:ACME;", 11);
         QTest::newRow("ioctl first")
             << QByteArray("MFG:Ormund;") << reply << QByteArray("MFG:Ormund;");
@@ -140,9 +124,7 @@ private slots:
     }
     void deviceId()
     {
-        QFETCH(QByteArray, ioctlId);
-        QFETCH(QByteArray, reply);
-        QFETCH(QByteArray, expected);
+        const auto [ioctlId, reply, expected] = fetch<QByteArray, QByteArray, QByteArray>();
         IOClient client(UsbPrinterMock::kUsblp);
         behaviour.deviceId = ioctlId;
         behaviour.classDeviceId = reply;

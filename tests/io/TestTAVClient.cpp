@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "LogCapture.h"
 #include "PrinterThread.h"
 #include "TAVClient.h"
@@ -49,9 +50,7 @@ class TestTAVClient : public QObject
 private slots:
     void framingChoice_data()
     {
-        QTest::addColumn<QByteArray>("extendedId");
-        QTest::addColumn<bool>("capable");
-        QTest::addColumn<bool>("ids");
+        columns<QByteArray, bool, bool>({"extendedId", "capable", "ids"});
         QTest::newRow("IDS among several")
             << QByteArray("MFG:Ormund;CMD:PCL,PJL,IDS;MDL:MFC-100;") << true << true;
         QTest::newRow("model not capable") << QByteArray("CMD:PCL,PJL,IDS;") << false << false;
@@ -66,9 +65,7 @@ private slots:
     }
     void framingChoice()
     {
-        QFETCH(QByteArray, extendedId);
-        QFETCH(bool, capable);
-        QFETCH(bool, ids);
+        const auto [extendedId, capable, ids] = ::fetch<QByteArray, bool, bool>();
         UsbPrinterMock::Behaviour behaviour;
         behaviour.extendedId = extendedId;
         mock.setBehaviour(behaviour);
@@ -82,10 +79,9 @@ private slots:
 
     void endToEnd_data()
     {
-        QTest::addColumn<bool>("ids");
-        QTest::addColumn<int>("pollMs"); // 0: no limits, waiting for ever
-        QTest::addColumn<int>("idleMs");
-        QTest::addColumn<int>("bytesPerSecond"); // 0: at once
+        // 0: no limits, waiting for ever
+        // 0: at once
+        columns<bool, int, int, int>({"ids", "pollMs", "idleMs", "bytesPerSecond"});
         QTest::newRow("TAV, waiting for ever") << false << 0 << 0 << 0;
         QTest::newRow("TAV, dialog timings") << false << 200 << 3000 << 0;
         // Over a second for the whole text, in steps of 0.1 s: never idle for 500 ms.
@@ -95,10 +91,7 @@ private slots:
     }
     void endToEnd()
     {
-        QFETCH(bool, ids);
-        QFETCH(int, pollMs);
-        QFETCH(int, idleMs);
-        QFETCH(int, bytesPerSecond);
+        const auto [ids, pollMs, idleMs, bytesPerSecond] = ::fetch<bool, int, int, int>();
         UsbPrinterMock::Behaviour behaviour = framing(ids);
         mock.setBehaviour(behaviour);
         VirtualPrinterOptions settings = options(ids);
@@ -123,11 +116,8 @@ private slots:
 
     void faultsFail_data()
     {
-        QTest::addColumn<bool>("ids");
-        QTest::addColumn<QString>("fault");
-        QTest::addColumn<bool>("changes"); // send changes rather than fetch the specification
-        QTest::addColumn<QString>("logged");
-        QTest::addColumn<int>("served");
+        // send changes rather than fetch the specification
+        columns<bool, QString, bool, QString, int>({"ids", "fault", "changes", "logged", "served"});
         const auto row = [](bool ids, const char* name, const char* fault, bool changes,
                             const QString& logged) {
             QTest::addRow("%s, %s", ids ? "IDS" : "TAV", name)
@@ -151,11 +141,8 @@ private slots:
     // Each fails in a way the caller can report, within the idle limit, and changes nothing.
     void faultsFail()
     {
-        QFETCH(bool, ids);
-        QFETCH(QString, fault);
-        QFETCH(bool, changes);
-        QFETCH(QString, logged);
-        QFETCH(int, served);
+        const auto [ids, fault, changes, logged, served] =
+            ::fetch<bool, QString, bool, QString, int>();
         QTemporaryDir dir;
         VirtualPrinterOptions settings = options(ids);
         if (fault == "zero") {

@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "TAVCommand.h"
 
 #include <QTest>
@@ -10,11 +11,8 @@ class TestTAVCommand : public QObject
 private slots:
     void framing_data()
     {
-        QTest::addColumn<bool>("ids");
-        QTest::addColumn<uint>("code");
-        QTest::addColumn<QByteArray>("data");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("description");
+        columns<bool, uint, QByteArray, QByteArray, QString>(
+            {"ids", "code", "data", "bytes", "description"});
         QTest::newRow("TAV ALL?") << false << 0u << QByteArray("ALL?")
                                   << QByteArray("\x1b#\x00\x00\x00\x04"
                                                 "ALL?",
@@ -35,11 +33,8 @@ private slots:
     }
     void framing()
     {
-        QFETCH(bool, ids);
-        QFETCH(uint, code);
-        QFETCH(QByteArray, data);
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, description);
+        const auto [ids, code, data, bytes, description] =
+            fetch<bool, uint, QByteArray, QByteArray, QString>();
         const TAVCommand command = ids ? TAVCommand::ids(code, data) : TAVCommand::tav(data);
         QCOMPARE(QByteArray(command), bytes);
         QCOMPARE(command.description(), description);

@@ -1,3 +1,4 @@
+#include "../elements/Rows.h"
 #include "PrinterState.h"
 #include "PrinterThread.h"
 #include "TAVClient.h"
@@ -33,11 +34,8 @@ class TestVirtualPrinter : public QObject
 private slots:
     void appliesChanges_data()
     {
-        QTest::addColumn<QByteArray>("document");
-        QTest::addColumn<bool>("accepted");
-        QTest::addColumn<QString>("id");
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<QString>("note");
+        columns<QByteArray, bool, QString, QString, QString>(
+            {"document", "accepted", "id", "value", "note"});
         QTest::newRow("nested setting")
             << changes("<NodeName CURRENT=\"OFFICE\"/>") << true << "NodeName" << QString("OFFICE")
             << "setting <NodeName>: \"BRN001\" -> \"OFFICE\"";
@@ -61,11 +59,8 @@ private slots:
     }
     void appliesChanges()
     {
-        QFETCH(QByteArray, document);
-        QFETCH(bool, accepted);
-        QFETCH(QString, id);
-        QFETCH(QString, value);
-        QFETCH(QString, note);
+        const auto [document, accepted, id, value, note] =
+            fetch<QByteArray, bool, QString, QString, QString>();
         PrinterState state;
         QString error;
         QVERIFY2(state.load(kSpecification, QString(), &error), qPrintable(error));
@@ -93,9 +88,7 @@ private slots:
 
     void servesAsConfigured_data()
     {
-        QTest::addColumn<bool>("ids");
-        QTest::addColumn<bool>("brokenXml");
-        QTest::addColumn<QString>("reported");
+        columns<bool, bool, QString>({"ids", "brokenXml", "reported"});
         QTest::newRow("plain, every exchange reopening the device")
             << false << false << "request: TAV \"DATA\" (specification text): sending 1266 bytes";
         QTest::newRow("ignores the other framing")
@@ -105,9 +98,7 @@ private slots:
     }
     void servesAsConfigured()
     {
-        QFETCH(bool, ids);
-        QFETCH(bool, brokenXml);
-        QFETCH(QString, reported);
+        const auto [ids, brokenXml, reported] = fetch<bool, bool, QString>();
         VirtualPrinterOptions options;
         options.specificationFile = kSpecification;
         options.ids = ids;
