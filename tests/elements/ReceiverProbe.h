@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Element.h"
+
 #include <QObject>
 #include <QStringList>
+#include <QWidget>
 
 // Stands where the settings dialog receives element signals: records every slot call as
 // "slot:argument". Like the dialog, it reports a popup form's Apply as refused when told to.
@@ -38,3 +41,20 @@ private:
         calls.append(QString(slot) + ':' + argument);
     }
 };
+
+// Wires the tree below `root` to the probe twice, then creates and deletes the element's control
+// twice; false when a deleted control left a widget behind. Ends with a fresh control in `panel`.
+inline bool wireTwiceAndRecreate(Element* root, ReceiverProbe& probe, Element* element,
+                                 QWidget& panel)
+{
+    root->connectSignals(&probe);
+    root->connectSignals(&probe);
+    for (int i = 0; i < 2; ++i) {
+        element->createControl(&panel);
+        element->deleteControl();
+        if (!panel.findChildren<QWidget*>().isEmpty())
+            return false;
+    }
+    element->createControl(&panel);
+    return true;
+}

@@ -89,15 +89,8 @@ private slots:
         const auto parser = SpecText::read("<K TYPE='" + setting + "'/>");
         Element* element = parser->findElement("K");
         ReceiverProbe probe;
-        parser->root()->connectSignals(&probe);
-        parser->root()->connectSignals(&probe);
         QWidget panel;
-        for (int i = 0; i < 2; ++i) {
-            element->createControl(&panel);
-            element->deleteControl();
-        }
-        QVERIFY(panel.findChildren<QWidget*>().isEmpty());
-        element->createControl(&panel);
+        QVERIFY(wireTwiceAndRecreate(parser->root(), probe, element, panel));
         auto* button = qobject_cast<QPushButton*>(element->control());
         QCOMPARE(panel.findChild<QLabel*>("label")->text() + '|' + button->text(), shown);
         panel.show();

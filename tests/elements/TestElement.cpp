@@ -108,15 +108,8 @@ private slots:
         const auto parser = SpecText::read("<S TYPE='" + setting + "</S>");
         ConcreteElement* element = concrete(*parser, "S");
         ReceiverProbe probe;
-        parser->root()->connectSignals(&probe);
-        parser->root()->connectSignals(&probe);
         QWidget panel;
-        for (int i = 0; i < 2; ++i) {
-            element->createControl(&panel);
-            element->deleteControl();
-            QVERIFY(panel.findChildren<QWidget*>().isEmpty());
-        }
-        element->createControl(&panel);
+        QVERIFY(wireTwiceAndRecreate(parser->root(), probe, element, panel));
         panel.show();
         QSignalSpy spy(element, &ConcreteElement::valueChanged);
         const QString before = element->current();
