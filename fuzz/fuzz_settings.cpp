@@ -2,13 +2,13 @@
 // DOM helper, the capability list, the settings reader, validation, the dependency
 // declarations, change documents and the translator.
 
-#include "CapabilityParser.h"
-#include "ConcreteElement.h"
-#include "DomParser.h"
-#include "ElementType.h"
-#include "Log.h"
-#include "SettingsParser.h"
-#include "Translator.h"
+#include "app/Log.h"
+#include "elements/ConcreteElement.h"
+#include "xml/CapabilityParser.h"
+#include "xml/DomParser.h"
+#include "xml/ElementType.h"
+#include "xml/SettingsParser.h"
+#include "xml/Translator.h"
 
 #include <QByteArray>
 #include <QFile>

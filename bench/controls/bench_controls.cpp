@@ -1,8 +1,8 @@
 // Creating and deleting the controls of a group of 500 mixed settings, beside creating and
 // deleting the same widgets (caption box, caption, input) straight from Qt in the same run.
 // The ratio is the cost of the element layer: value rules, wiring, mnemonics, logging.
-#include "ComplexElement.h"
-#include "SettingsParser.h"
+#include "elements/ComplexElement.h"
+#include "xml/SettingsParser.h"
 
 #include <QApplication>
 #include <QButtonGroup>

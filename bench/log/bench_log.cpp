@@ -1,6 +1,6 @@
 // Cost of a log call that its level filters out, beside one that is written (to /dev/null),
 // both measured against a plain out-of-line call in the same run.
-#include "Log.h"
+#include "app/Log.h"
 
 #include <chrono>
 #include <cstdio>

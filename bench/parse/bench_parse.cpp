@@ -2,13 +2,13 @@
 // the plain DOM doing the corresponding work on the same input, for growing documents. Each
 // size runs in its own child process so that its peak memory is its own.
 
-#include "ConcreteElement.h"
-#include "FloatElement.h"
-#include "ListElement.h"
-#include "Log.h"
-#include "Parameter.h"
-#include "SettingsParser.h"
 #include "SpecGenerator.h"
+#include "app/Log.h"
+#include "elements/ConcreteElement.h"
+#include "elements/FloatElement.h"
+#include "elements/ListElement.h"
+#include "elements/Parameter.h"
+#include "xml/SettingsParser.h"
 
 #include <QCoreApplication>
 #include <QDomDocument>

@@ -1,9 +1,9 @@
 // Moves settings specifications of 100 KB, 1 MB and 10 MB from the virtual printer through
 // TAVClient, beside the bare throughput of the same pseudo-terminal, and prints the ratio.
 
-#include "Log.h"
-#include "TAVClient.h"
-#include "VirtualPrinter.h"
+#include "app/Log.h"
+#include "io/TAVClient.h"
+#include "vprinter/VirtualPrinter.h"
 
 #include <QElapsedTimer>
 #include <QFile>

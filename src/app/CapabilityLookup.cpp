@@ -1,7 +1,7 @@
-#include "CapabilityLookup.h"
+#include "app/CapabilityLookup.h"
 
-#include "CapabilityParser.h"
-#include "Log.h"
+#include "app/Log.h"
+#include "xml/CapabilityParser.h"
 
 #include <QFile>
 #include <QStringList>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Capabilities.h"
+#include "xml/Capabilities.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Capabilities.h"
-#include "SettingsParser.h"
+#include "xml/Capabilities.h"
+#include "xml/SettingsParser.h"
 
 #include <QObject>
 #include <QString>

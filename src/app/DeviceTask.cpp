@@ -1,4 +1,4 @@
-#include "DeviceTask.h"
+#include "app/DeviceTask.h"
 
 #include <QApplication>
 #include <QEventLoop>

@@ -1,7 +1,7 @@
-#include "ExternalPrograms.h"
+#include "app/ExternalPrograms.h"
 
-#include "Log.h"
-#include "ProgramPaths.h"
+#include "app/Log.h"
+#include "app/ProgramPaths.h"
 
 #include <QApplication>
 #include <QFile>

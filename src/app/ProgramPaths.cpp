@@ -1,6 +1,6 @@
-#include "ProgramPaths.h"
+#include "app/ProgramPaths.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
-#include "QtSingleApplication.h"
+#include "app/QtSingleApplication.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
-#include "QtTranslation.h"
+#include "app/QtTranslation.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 #include <QCoreApplication>
 #include <QLocale>

@@ -1,6 +1,6 @@
-#include "SystemLocale.h"
+#include "app/SystemLocale.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 #include <clocale>
 

@@ -1,10 +1,10 @@
-#include "AppSettings.h"
-#include "Configurator.h"
-#include "Log.h"
-#include "ProgramPaths.h"
-#include "QtSingleApplication.h"
-#include "QtTranslation.h"
-#include "SettingsDialog.h"
+#include "app/AppSettings.h"
+#include "app/Configurator.h"
+#include "app/Log.h"
+#include "app/ProgramPaths.h"
+#include "app/QtSingleApplication.h"
+#include "app/QtTranslation.h"
+#include "ui/SettingsDialog.h"
 
 #include <QDir>
 #include <QFile>

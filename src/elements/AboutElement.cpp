@@ -1,8 +1,8 @@
-#include "AboutElement.h"
+#include "elements/AboutElement.h"
 
-#include "AboutInfo.h"
-#include "ControlBox.h"
-#include "TraceLog.h"
+#include "elements/AboutInfo.h"
+#include "elements/ControlBox.h"
+#include "elements/TraceLog.h"
 
 #include <QDomElement>
 #include <QHBoxLayout>

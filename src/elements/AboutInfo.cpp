@@ -1,4 +1,4 @@
-#include "AboutInfo.h"
+#include "elements/AboutInfo.h"
 
 AboutInfo::AboutInfo(const QString& model, const QString& sw, const Version& version,
                      const QString& copyrights, const QPixmap& logo)

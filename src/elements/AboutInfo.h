@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Version.h"
+#include "elements/Version.h"
 
 #include <QPixmap>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "AddressBookElement.h"
+#include "elements/AddressBookElement.h"
 
 const char* AddressBookElement::receiverSlot() const
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ButtonElement.h"
+#include "elements/ButtonElement.h"
 
 // Starts the address book tool.
 class AddressBookElement : public ButtonElement

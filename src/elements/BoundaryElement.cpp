@@ -1,4 +1,4 @@
-#include "BoundaryElement.h"
+#include "elements/BoundaryElement.h"
 
 #include <QDomElement>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FactoryElement.h"
+#include "elements/FactoryElement.h"
 
 // A value element with an upper limit ("MAX"): the largest number, or the longest text.
 class BoundaryElement : public FactoryElement

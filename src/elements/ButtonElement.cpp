@@ -1,8 +1,8 @@
-#include "ButtonElement.h"
+#include "elements/ButtonElement.h"
 
-#include "ControlBox.h"
-#include "MnemonicRegistry.h"
-#include "TraceLog.h"
+#include "elements/ControlBox.h"
+#include "elements/MnemonicRegistry.h"
+#include "elements/TraceLog.h"
 
 #include <QDomElement>
 #include <QLabel>

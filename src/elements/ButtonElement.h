@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Element.h"
+#include "elements/Element.h"
 
 // A button that makes the device or the program act. A plain button reaches the dialog's
 // elementChanged(), which sends the press to the device; each subclass reaches its own

@@ -1,8 +1,8 @@
-#include "ComplexElement.h"
+#include "elements/ComplexElement.h"
 
-#include "IElementFactory.h"
-#include "SettingsViewItem.h"
-#include "TraceLog.h"
+#include "elements/IElementFactory.h"
+#include "elements/TraceLog.h"
+#include "ui/SettingsViewItem.h"
 
 #include <QDomElement>
 

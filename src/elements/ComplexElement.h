@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Element.h"
+#include "elements/Element.h"
 
 class IElementFactory;
 

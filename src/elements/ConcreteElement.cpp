@@ -1,7 +1,7 @@
-#include "ConcreteElement.h"
+#include "elements/ConcreteElement.h"
 
-#include "Constraint.h"
-#include "TraceLog.h"
+#include "elements/TraceLog.h"
+#include "xml/Constraint.h"
 
 #include <QDomElement>
 #include <QHash>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Element.h"
+#include "elements/Element.h"
 
 // An element that holds a value, always as text: the current value and the value last
 // accepted (the device's), plus an optional pattern the whole current value must match.

@@ -1,16 +1,16 @@
-#include "ConstraintEvaluator.h"
+#include "elements/ConstraintEvaluator.h"
 
-#include "Attribute.h"
-#include "ComplexElement.h"
-#include "ConcreteElement.h"
-#include "ConditionNode.h"
-#include "ConstraintState.h"
-#include "Dependency.h"
-#include "ListElement.h"
-#include "NumericElement.h"
-#include "Parameter.h"
-#include "TableElement.h"
-#include "TraceLog.h"
+#include "elements/ComplexElement.h"
+#include "elements/ConcreteElement.h"
+#include "elements/ConstraintState.h"
+#include "elements/ListElement.h"
+#include "elements/NumericElement.h"
+#include "elements/Parameter.h"
+#include "elements/TableElement.h"
+#include "elements/TraceLog.h"
+#include "xml/Attribute.h"
+#include "xml/ConditionNode.h"
+#include "xml/Dependency.h"
 
 #include <QMetaProperty>
 

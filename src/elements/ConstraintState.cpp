@@ -1,6 +1,6 @@
-#include "ConstraintState.h"
+#include "elements/ConstraintState.h"
 
-#include "Element.h"
+#include "elements/Element.h"
 
 ConstraintState::ConstraintState(Element* element)
     : QObject(element)

@@ -1,6 +1,6 @@
-#include "ControlBox.h"
+#include "elements/ControlBox.h"
 
-#include "MnemonicRegistry.h"
+#include "elements/MnemonicRegistry.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,7 +1,7 @@
-#include "DateTimeElement.h"
+#include "elements/DateTimeElement.h"
 
-#include "ControlBox.h"
-#include "TraceLog.h"
+#include "elements/ControlBox.h"
+#include "elements/TraceLog.h"
 
 #include <QDateTimeEdit>
 #include <QDomElement>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ConcreteElement.h"
+#include "elements/ConcreteElement.h"
 
 #include <QDateTime>
 

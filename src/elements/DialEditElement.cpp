@@ -1,9 +1,9 @@
-#include "DialEditElement.h"
+#include "elements/DialEditElement.h"
 
-#include "LineEditControl.h"
-#include "TraceLog.h"
+#include "elements/LineEditControl.h"
+#include "elements/TraceLog.h"
 
-#include "EditValidator.h"
+#include "elements/EditValidator.h"
 #include <QDomElement>
 
 const QString DialEditElement::defaultPattern = QStringLiteral("[+\\s0-9]*");

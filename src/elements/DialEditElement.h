@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BoundaryElement.h"
+#include "elements/BoundaryElement.h"
 
 // A number to dial: digits, blanks and "+" unless character sets say otherwise; MAX is its greatest
 // length.

@@ -1,4 +1,4 @@
-#include "DoubleValidator.h"
+#include "elements/DoubleValidator.h"
 
 #include <QLocale>
 #include <QRegularExpression>

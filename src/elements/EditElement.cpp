@@ -1,9 +1,9 @@
-#include "EditElement.h"
+#include "elements/EditElement.h"
 
-#include "LineEditControl.h"
-#include "TraceLog.h"
+#include "elements/LineEditControl.h"
+#include "elements/TraceLog.h"
 
-#include "EditValidator.h"
+#include "elements/EditValidator.h"
 #include <QDomElement>
 
 const QString EditElement::defaultPattern = QStringLiteral("[@*+-.,#/&'\\sA-Za-z0-9]*");

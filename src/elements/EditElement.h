@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BoundaryElement.h"
+#include "elements/BoundaryElement.h"
 
 // A line of text; MAX is its greatest length. Character-set declarations may replace the default
 // pattern.

@@ -1,7 +1,7 @@
-#include "EditValidator.h"
+#include "elements/EditValidator.h"
 
-#include "ConcreteElement.h"
-#include "TraceLog.h"
+#include "elements/ConcreteElement.h"
+#include "elements/TraceLog.h"
 
 #include <QDomElement>
 

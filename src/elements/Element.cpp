@@ -1,13 +1,13 @@
-#include "Element.h"
+#include "elements/Element.h"
 
-#include "Constraint.h"
-#include "ConstraintEvaluator.h"
-#include "ControlBox.h"
-#include "Dependency.h"
-#include "ElementType.h"
-#include "SettingsViewItem.h"
-#include "TraceLog.h"
-#include "Translator.h"
+#include "elements/ConstraintEvaluator.h"
+#include "elements/ControlBox.h"
+#include "elements/TraceLog.h"
+#include "ui/SettingsViewItem.h"
+#include "xml/Constraint.h"
+#include "xml/Dependency.h"
+#include "xml/ElementType.h"
+#include "xml/Translator.h"
 
 #include <QDomElement>
 #include <QHash>

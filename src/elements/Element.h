@@ -1,7 +1,7 @@
 #pragma once
 
-#include "IElement.h"
-#include "ILocalizable.h"
+#include "elements/IElement.h"
+#include "elements/ILocalizable.h"
 
 #include <QList>
 #include <QObject>

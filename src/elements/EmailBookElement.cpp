@@ -1,4 +1,4 @@
-#include "EmailBookElement.h"
+#include "elements/EmailBookElement.h"
 
 const char* EmailBookElement::receiverSlot() const
 {

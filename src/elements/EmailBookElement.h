@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ButtonElement.h"
+#include "elements/ButtonElement.h"
 
 // Starts the e-mail book tool.
 class EmailBookElement : public ButtonElement

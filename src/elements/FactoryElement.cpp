@@ -1,6 +1,6 @@
-#include "FactoryElement.h"
+#include "elements/FactoryElement.h"
 
-#include "TraceLog.h"
+#include "elements/TraceLog.h"
 
 #include <QDomElement>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ConcreteElement.h"
+#include "elements/ConcreteElement.h"
 
 // A value element that also knows the device's factory default.
 class FactoryElement : public ConcreteElement

@@ -1,9 +1,9 @@
-#include "FloatElement.h"
+#include "elements/FloatElement.h"
 
-#include "ControlBox.h"
-#include "ElementType.h"
-#include "FloatSpinBox.h"
-#include "TraceLog.h"
+#include "elements/ControlBox.h"
+#include "elements/FloatSpinBox.h"
+#include "elements/TraceLog.h"
+#include "xml/ElementType.h"
 
 #include <QAbstractSpinBox>
 #include <QDomElement>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "NumericElement.h"
+#include "elements/NumericElement.h"
 
 // A decimal setting: limits, step and the number of decimals shown. Out-of-range values are
 // reported when validated and left for the spin box to correct.

@@ -1,6 +1,6 @@
-#include "FloatSpinBox.h"
+#include "elements/FloatSpinBox.h"
 
-#include "DoubleValidator.h"
+#include "elements/DoubleValidator.h"
 
 #include <QLineEdit>
 #include <QLocale>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SpinBox.h"
+#include "elements/SpinBox.h"
 
 class DoubleValidator;
 

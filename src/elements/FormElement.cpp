@@ -1,10 +1,10 @@
-#include "FormElement.h"
+#include "elements/FormElement.h"
 
-#include "ControlBox.h"
-#include "FactoryElement.h"
-#include "MnemonicRegistry.h"
-#include "PopupForm.h"
-#include "TraceLog.h"
+#include "elements/ControlBox.h"
+#include "elements/FactoryElement.h"
+#include "elements/MnemonicRegistry.h"
+#include "elements/TraceLog.h"
+#include "ui/PopupForm.h"
 
 #include <QDomElement>
 #include <QLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ComplexElement.h"
+#include "elements/ComplexElement.h"
 
 class PopupForm;
 

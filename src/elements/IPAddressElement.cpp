@@ -1,7 +1,7 @@
-#include "IPAddressElement.h"
+#include "elements/IPAddressElement.h"
 
-#include "LineEditControl.h"
-#include "TraceLog.h"
+#include "elements/LineEditControl.h"
+#include "elements/TraceLog.h"
 
 #include <QDomElement>
 

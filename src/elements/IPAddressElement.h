@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FactoryElement.h"
+#include "elements/FactoryElement.h"
 
 // An IPv4 address. The pattern admits empty parts and the empty text on purpose: the device accepts
 // them while the user types.

@@ -1,4 +1,4 @@
-#include "InkCartridgeAlignMFPElement.h"
+#include "elements/InkCartridgeAlignMFPElement.h"
 
 const char* InkCartridgeAlignMFPElement::receiverSlot() const
 {

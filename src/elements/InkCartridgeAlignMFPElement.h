@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ButtonElement.h"
+#include "elements/ButtonElement.h"
 
 // Aligns the cartridges of a multi-function device through its wizard.
 class InkCartridgeAlignMFPElement : public ButtonElement

@@ -1,4 +1,4 @@
-#include "InkCartridgeAlignSFPElement.h"
+#include "elements/InkCartridgeAlignSFPElement.h"
 
 #include <QDomElement>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ButtonElement.h"
+#include "elements/ButtonElement.h"
 
 // Aligns the cartridges of a single-function printer through its wizard, which needs to know
 // whether a photo cartridge is installed.

@@ -1,4 +1,4 @@
-#include "InkCartridgeCleanElement.h"
+#include "elements/InkCartridgeCleanElement.h"
 
 const char* InkCartridgeCleanElement::receiverSlot() const
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ButtonElement.h"
+#include "elements/ButtonElement.h"
 
 // Cleans the ink cartridges through its wizard.
 class InkCartridgeCleanElement : public ButtonElement

@@ -1,4 +1,4 @@
-#include "InkTestPagePrintElement.h"
+#include "elements/InkTestPagePrintElement.h"
 
 const char* InkTestPagePrintElement::receiverSlot() const
 {

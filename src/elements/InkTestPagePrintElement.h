@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ButtonElement.h"
+#include "elements/ButtonElement.h"
 
 // Prints the ink test page through its wizard.
 class InkTestPagePrintElement : public ButtonElement

@@ -1,4 +1,4 @@
-#include "IntValidator.h"
+#include "elements/IntValidator.h"
 
 IntValidator::IntValidator(int bottom, int top, QObject* parent)
     : QIntValidator(bottom, top, parent)

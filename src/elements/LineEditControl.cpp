@@ -1,8 +1,8 @@
-#include "LineEditControl.h"
+#include "elements/LineEditControl.h"
 
-#include "ControlBox.h"
-#include "FactoryElement.h"
-#include "TraceLog.h"
+#include "elements/ControlBox.h"
+#include "elements/FactoryElement.h"
+#include "elements/TraceLog.h"
 
 #include <QHash>
 #include <QLineEdit>

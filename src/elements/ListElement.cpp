@@ -1,11 +1,11 @@
-#include "ListElement.h"
+#include "elements/ListElement.h"
 
-#include "ControlBox.h"
-#include "ElementType.h"
-#include "MnemonicRegistry.h"
-#include "PaperSizeParameter.h"
-#include "TraceLog.h"
-#include "Translator.h"
+#include "elements/ControlBox.h"
+#include "elements/MnemonicRegistry.h"
+#include "elements/PaperSizeParameter.h"
+#include "elements/TraceLog.h"
+#include "xml/ElementType.h"
+#include "xml/Translator.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>

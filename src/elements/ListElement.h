@@ -1,7 +1,7 @@
 #pragma once
 
-#include "FactoryElement.h"
-#include "ParameterList.h"
+#include "elements/FactoryElement.h"
+#include "elements/ParameterList.h"
 
 #include <QStringList>
 

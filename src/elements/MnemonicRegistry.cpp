@@ -1,4 +1,4 @@
-#include "MnemonicRegistry.h"
+#include "elements/MnemonicRegistry.h"
 
 #include <QAbstractButton>
 #include <QGroupBox>

@@ -1,9 +1,9 @@
-#include "NumericElement.h"
+#include "elements/NumericElement.h"
 
-#include "ControlBox.h"
-#include "ElementType.h"
-#include "SpinBox.h"
-#include "TraceLog.h"
+#include "elements/ControlBox.h"
+#include "elements/SpinBox.h"
+#include "elements/TraceLog.h"
+#include "xml/ElementType.h"
 
 #include <QDomElement>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BoundaryElement.h"
+#include "elements/BoundaryElement.h"
 
 // An integer setting with lower limit and step. Out-of-range values are pulled back to the
 // limits when validated rather than refused.

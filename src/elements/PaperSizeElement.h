@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ListElement.h"
+#include "elements/ListElement.h"
 
 // A list of paper sizes ("PAPERSIZE"); its parameters carry margins and line counts.
 class PaperSizeElement : public ListElement

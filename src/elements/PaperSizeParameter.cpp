@@ -1,4 +1,4 @@
-#include "PaperSizeParameter.h"
+#include "elements/PaperSizeParameter.h"
 
 #include <QDomElement>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Parameter.h"
+#include "elements/Parameter.h"
 
 // A paper size: besides its name, the page's line counts and largest margins.
 class PaperSizeParameter : public Parameter

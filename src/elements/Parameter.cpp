@@ -1,4 +1,4 @@
-#include "Parameter.h"
+#include "elements/Parameter.h"
 
 #include <QDomElement>
 

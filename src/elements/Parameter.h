@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ILocalizable.h"
+#include "elements/ILocalizable.h"
 
 #include <QObject>
 #include <QString>

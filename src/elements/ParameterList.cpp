@@ -1,6 +1,6 @@
-#include "ParameterList.h"
+#include "elements/ParameterList.h"
 
-#include "Parameter.h"
+#include "elements/Parameter.h"
 
 ParameterList::~ParameterList()
 {

@@ -1,4 +1,4 @@
-#include "PhoneBookElement.h"
+#include "elements/PhoneBookElement.h"
 
 const char* PhoneBookElement::receiverSlot() const
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ButtonElement.h"
+#include "elements/ButtonElement.h"
 
 // Starts the phone-book tool.
 class PhoneBookElement : public ButtonElement

@@ -1,7 +1,7 @@
-#include "SliderElement.h"
+#include "elements/SliderElement.h"
 
-#include "ControlBox.h"
-#include "TraceLog.h"
+#include "elements/ControlBox.h"
+#include "elements/TraceLog.h"
 
 #include <QDomElement>
 #include <QLabel>

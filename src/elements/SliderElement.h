@@ -1,6 +1,6 @@
 #pragma once
 
-#include "NumericElement.h"
+#include "elements/NumericElement.h"
 
 #include <QColor>
 #include <QList>

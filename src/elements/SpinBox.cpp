@@ -1,6 +1,6 @@
-#include "SpinBox.h"
+#include "elements/SpinBox.h"
 
-#include "IntValidator.h"
+#include "elements/IntValidator.h"
 
 SpinBox::SpinBox(QWidget* parent)
     : QSpinBox(parent)

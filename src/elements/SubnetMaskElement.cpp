@@ -1,7 +1,7 @@
-#include "SubnetMaskElement.h"
+#include "elements/SubnetMaskElement.h"
 
-#include "LineEditControl.h"
-#include "TraceLog.h"
+#include "elements/LineEditControl.h"
+#include "elements/TraceLog.h"
 
 #include <QDomElement>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FactoryElement.h"
+#include "elements/FactoryElement.h"
 
 // A subnet mask: leading 255s, one contiguous-mask byte, trailing zeros.
 class SubnetMaskElement : public FactoryElement

@@ -1,6 +1,6 @@
-#include "TableCellListElement.h"
+#include "elements/TableCellListElement.h"
 
-#include "TraceLog.h"
+#include "elements/TraceLog.h"
 
 QWidget* TableCellListElement::createControl(QWidget* parent)
 {

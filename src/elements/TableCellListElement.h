@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ListElement.h"
+#include "elements/ListElement.h"
 
 // A list inside a table cell: the same value rules, a bare control without caption.
 class TableCellListElement : public ListElement

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TableCellListElement.h"
+#include "elements/TableCellListElement.h"
 
 // A paper-size list inside a table cell.
 class TableCellPaperSizeElement : public TableCellListElement

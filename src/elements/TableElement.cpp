@@ -1,9 +1,9 @@
-#include "TableElement.h"
+#include "elements/TableElement.h"
 
-#include "ControlBox.h"
-#include "IElementFactory.h"
-#include "MnemonicRegistry.h"
-#include "TraceLog.h"
+#include "elements/ControlBox.h"
+#include "elements/IElementFactory.h"
+#include "elements/MnemonicRegistry.h"
+#include "elements/TraceLog.h"
 
 #include <QDomElement>
 #include <QGridLayout>

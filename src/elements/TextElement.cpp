@@ -1,6 +1,6 @@
-#include "TextElement.h"
+#include "elements/TextElement.h"
 
-#include "TraceLog.h"
+#include "elements/TraceLog.h"
 
 #include <QDomElement>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ConcreteElement.h"
+#include "elements/ConcreteElement.h"
 
 // A static text ("STATICTEXT"); TEXTLABEL is what it shows.
 class TextElement : public ConcreteElement

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Log.h"
+#include "app/Log.h"
 
 // For per-element traces on hot paths: the arguments (often string conversions) are only
 // evaluated when the line will be written.

@@ -1,4 +1,4 @@
-#include "Version.h"
+#include "elements/Version.h"
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include "WirelessSetupElement.h"
+#include "elements/WirelessSetupElement.h"
 
 const char* WirelessSetupElement::receiverSlot() const
 {

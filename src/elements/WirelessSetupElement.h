@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ButtonElement.h"
+#include "elements/ButtonElement.h"
 
 // Starts the wireless set-up tool.
 class WirelessSetupElement : public ButtonElement

@@ -1,7 +1,7 @@
-#include "IOClient.h"
+#include "io/IOClient.h"
 
-#include "IOClientLocker.h"
-#include "Log.h"
+#include "app/Log.h"
+#include "io/IOClientLocker.h"
 
 #include <QElapsedTimer>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "IOClientUsbEp0.h"
-#include "TransferResult.h"
+#include "io/IOClientUsbEp0.h"
+#include "io/TransferResult.h"
 
 #include <QFile>
 

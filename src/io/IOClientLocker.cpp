@@ -1,7 +1,7 @@
-#include "IOClientLocker.h"
+#include "io/IOClientLocker.h"
 
-#include "IOClient.h"
-#include "Log.h"
+#include "app/Log.h"
+#include "io/IOClient.h"
 
 IOClientLocker::IOClientLocker(IOClient* client)
     : client(client)

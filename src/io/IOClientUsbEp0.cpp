@@ -1,8 +1,8 @@
-#include "IOClientUsbEp0.h"
+#include "io/IOClientUsbEp0.h"
 
-#include "IOClient.h"
-#include "IOClientLocker.h"
-#include "Log.h"
+#include "app/Log.h"
+#include "io/IOClient.h"
+#include "io/IOClientLocker.h"
 
 #include <QThread>
 

@@ -1,4 +1,4 @@
-#include "InkCommands.h"
+#include "io/InkCommands.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "InkSender.h"
+#include "io/InkSender.h"
 
-#include "IOClient.h"
-#include "InkCommands.h"
-#include "Log.h"
+#include "app/Log.h"
+#include "io/IOClient.h"
+#include "io/InkCommands.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "TAVClient.h"
+#include "io/TAVClient.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Capabilities.h"
-#include "IOClient.h"
-#include "TAVCommand.h"
+#include "io/IOClient.h"
+#include "io/TAVCommand.h"
+#include "xml/Capabilities.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
-#include "TAVCommand.h"
+#include "io/TAVCommand.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 namespace {
 

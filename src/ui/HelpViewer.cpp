@@ -1,7 +1,7 @@
-#include "HelpViewer.h"
+#include "ui/HelpViewer.h"
 
-#include "Log.h"
-#include "ProgramPaths.h"
+#include "app/Log.h"
+#include "app/ProgramPaths.h"
 
 #include <QDialogButtonBox>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
-#include "InkAlignChoicePage.h"
+#include "ui/InkAlignChoicePage.h"
 
-#include "InkCommands.h"
+#include "io/InkCommands.h"
 
 #include <QComboBox>
 #include <QFormLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "InkStepPage.h"
+#include "ui/InkStepPage.h"
 
 #include <QList>
 

@@ -1,7 +1,7 @@
-#include "InkAlignMFPWizard.h"
+#include "ui/InkAlignMFPWizard.h"
 
-#include "InkCommands.h"
-#include "InkStepPage.h"
+#include "io/InkCommands.h"
+#include "ui/InkStepPage.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "InkWizard.h"
+#include "ui/InkWizard.h"
 
 // Aligns the cartridges of a multi-function device with its scanner: prints the alignment
 // page, has the user lay it on the glass, lets the device scan it and reports the verdict.

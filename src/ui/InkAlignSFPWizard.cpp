@@ -1,7 +1,7 @@
-#include "InkAlignSFPWizard.h"
+#include "ui/InkAlignSFPWizard.h"
 
-#include "InkAlignChoicePage.h"
-#include "InkCommands.h"
+#include "io/InkCommands.h"
+#include "ui/InkAlignChoicePage.h"
 
 InkAlignSFPWizard::InkAlignSFPWizard(Configurator* configurator, const QString& buttonId,
                                      bool photoInk, QWidget* parent)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "InkWizard.h"
+#include "ui/InkWizard.h"
 
 // Aligns the cartridges of a single-function printer: prints the alignment page, lets the
 // user choose the best pattern of each row, and sends the choice. A button kind that reports

@@ -1,7 +1,7 @@
-#include "InkCleanWizard.h"
+#include "ui/InkCleanWizard.h"
 
-#include "InkCommands.h"
-#include "InkStepPage.h"
+#include "io/InkCommands.h"
+#include "ui/InkStepPage.h"
 
 #include <QCheckBox>
 #include <QVBoxLayout>

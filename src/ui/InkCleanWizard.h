@@ -1,6 +1,6 @@
 #pragma once
 
-#include "InkWizard.h"
+#include "ui/InkWizard.h"
 
 class QCheckBox;
 

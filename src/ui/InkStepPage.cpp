@@ -1,4 +1,4 @@
-#include "InkStepPage.h"
+#include "ui/InkStepPage.h"
 
 #include <QLabel>
 #include <QPixmap>

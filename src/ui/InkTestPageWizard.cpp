@@ -1,6 +1,6 @@
-#include "InkTestPageWizard.h"
+#include "ui/InkTestPageWizard.h"
 
-#include "InkCommands.h"
+#include "io/InkCommands.h"
 
 InkTestPageWizard::InkTestPageWizard(Configurator* configurator, const QString& buttonId,
                                      QWidget* parent)

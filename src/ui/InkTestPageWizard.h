@@ -1,6 +1,6 @@
 #pragma once
 
-#include "InkWizard.h"
+#include "ui/InkWizard.h"
 
 // Prints the ink test page: confirms that paper is loaded, sends, and says how it went.
 class InkTestPageWizard : public InkWizard

@@ -1,10 +1,10 @@
-#include "InkWizard.h"
+#include "ui/InkWizard.h"
 
-#include "Configurator.h"
-#include "DeviceTask.h"
-#include "Element.h"
-#include "ElementType.h"
-#include "InkStepPage.h"
+#include "app/Configurator.h"
+#include "app/DeviceTask.h"
+#include "elements/Element.h"
+#include "ui/InkStepPage.h"
+#include "xml/ElementType.h"
 
 InkWizard::InkWizard(Configurator* configurator, const QString& buttonId, const QString& title,
                      QWidget* parent)

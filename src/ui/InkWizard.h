@@ -1,6 +1,6 @@
 #pragma once
 
-#include "InkSender.h"
+#include "io/InkSender.h"
 
 #include <QWizard>
 

@@ -1,4 +1,4 @@
-#include "MimeSourceFactory_dorn.h"
+#include "ui/MimeSourceFactory_dorn.h"
 
 #include <QtGlobal>
 

@@ -1,4 +1,4 @@
-#include "PopupForm.h"
+#include "ui/PopupForm.h"
 
 PopupForm::PopupForm(QWidget* parent)
     : QDialog(parent)

@@ -1,16 +1,16 @@
-#include "SettingsDialog.h"
+#include "ui/SettingsDialog.h"
 
-#include "ComplexElement.h"
-#include "ConcreteElement.h"
-#include "Configurator.h"
-#include "ConstraintEvaluator.h"
-#include "Element.h"
-#include "ElementType.h"
-#include "FactoryElement.h"
-#include "FormElement.h"
-#include "HelpViewer.h"
-#include "Log.h"
-#include "SettingsViewItem.h"
+#include "app/Configurator.h"
+#include "app/Log.h"
+#include "elements/ComplexElement.h"
+#include "elements/ConcreteElement.h"
+#include "elements/ConstraintEvaluator.h"
+#include "elements/Element.h"
+#include "elements/FactoryElement.h"
+#include "elements/FormElement.h"
+#include "ui/HelpViewer.h"
+#include "ui/SettingsViewItem.h"
+#include "xml/ElementType.h"
 
 #include <QApplication>
 #include <QMessageBox>

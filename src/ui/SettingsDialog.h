@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsDialogBase.h"
+#include "ui/SettingsDialogBase.h"
 
 #include <QHash>
 #include <QList>

@@ -1,6 +1,6 @@
-#include "SettingsViewItem.h"
+#include "ui/SettingsViewItem.h"
 
-#include "ConcreteElement.h"
+#include "elements/ConcreteElement.h"
 
 SettingsViewItem::SettingsViewItem(QTreeWidget* list, Element* element)
     : QTreeWidgetItem(list, Type)

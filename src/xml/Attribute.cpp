@@ -1,6 +1,6 @@
-#include "Attribute.h"
+#include "xml/Attribute.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 Attribute::Attribute(const QString& tag, const QString& name, const QString& value,
                      const QString& ref)

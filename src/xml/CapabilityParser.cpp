@@ -1,6 +1,6 @@
-#include "CapabilityParser.h"
+#include "xml/CapabilityParser.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 CapabilityParser::CapabilityMap CapabilityParser::parse() const
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Capabilities.h"
-#include "DomParser.h"
+#include "xml/Capabilities.h"
+#include "xml/DomParser.h"
 
 #include <QMap>
 

@@ -1,8 +1,8 @@
-#include "ChangeGenerator.h"
+#include "xml/ChangeGenerator.h"
 
-#include "ConcreteElement.h"
-#include "ElementType.h"
-#include "TraceLog.h"
+#include "elements/ConcreteElement.h"
+#include "elements/TraceLog.h"
+#include "xml/ElementType.h"
 
 ChangeGenerator::ChangeGenerator()
     : _header(QString::asprintf("<?xml version=\"%s\" encoding=\"%s\"?>\n", "1.0", "UTF-8"))

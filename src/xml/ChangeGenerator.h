@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DomParser.h"
+#include "xml/DomParser.h"
 
 class Element;
 

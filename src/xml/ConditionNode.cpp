@@ -1,6 +1,6 @@
-#include "ConditionNode.h"
+#include "xml/ConditionNode.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 ConditionNode::ConditionNode(const QString& tag, const QString& value, const QString& comparison,
                              Element* element)

@@ -1,7 +1,7 @@
-#include "Constraint.h"
+#include "xml/Constraint.h"
 
-#include "Attribute.h"
-#include "ConditionNode.h"
+#include "xml/Attribute.h"
+#include "xml/ConditionNode.h"
 
 Constraint::Constraint(int kind, bool selfChecked)
     : _kind(kind)

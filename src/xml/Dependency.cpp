@@ -1,6 +1,6 @@
-#include "Dependency.h"
+#include "xml/Dependency.h"
 
-#include "Constraint.h"
+#include "xml/Constraint.h"
 
 Dependency::Dependency(const QString& id, Element* element)
     : _id(id)

@@ -1,6 +1,6 @@
-#include "DomParser.h"
+#include "xml/DomParser.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 #include <QFile>
 #include <QIODevice>

@@ -1,4 +1,4 @@
-#include "ElementType.h"
+#include "xml/ElementType.h"
 
 #include <array>
 

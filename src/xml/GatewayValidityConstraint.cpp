@@ -1,8 +1,8 @@
-#include "GatewayValidityConstraint.h"
+#include "xml/GatewayValidityConstraint.h"
 
-#include "ConcreteElement.h"
-#include "ConditionNode.h"
-#include "ElementType.h"
+#include "elements/ConcreteElement.h"
+#include "xml/ConditionNode.h"
+#include "xml/ElementType.h"
 
 #include <QStringList>
 

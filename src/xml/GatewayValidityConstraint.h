@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Constraint.h"
+#include "xml/Constraint.h"
 
 #include <optional>
 

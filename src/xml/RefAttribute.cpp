@@ -1,4 +1,4 @@
-#include "RefAttribute.h"
+#include "xml/RefAttribute.h"
 
 RefAttribute::RefAttribute(const QString& tag, const QString& name, const QString& value,
                            const QString& ref)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Attribute.h"
+#include "xml/Attribute.h"
 
 // An attribute assignment declared with the tag "RefAttribute": its value names another
 // setting (and what to take from it) rather than a literal.

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ChangeGenerator.h"
-#include "DomParser.h"
-#include "IElement.h"
-#include "IElementFactory.h"
+#include "elements/IElement.h"
+#include "elements/IElementFactory.h"
+#include "xml/ChangeGenerator.h"
+#include "xml/DomParser.h"
 
 #include <QHash>
 #include <QList>

@@ -1,7 +1,7 @@
-#include "Translator.h"
+#include "xml/Translator.h"
 
-#include "ILocalizable.h"
-#include "Log.h"
+#include "app/Log.h"
+#include "elements/ILocalizable.h"
 
 #include <QFile>
 

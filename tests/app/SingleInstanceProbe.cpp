@@ -1,6 +1,6 @@
 // A second instance for the single-instance tests: reports whether an instance with the
 // given identifier runs and whether it took the message.
-#include "QtSingleApplication.h"
+#include "app/QtSingleApplication.h"
 
 #include <cstdio>
 

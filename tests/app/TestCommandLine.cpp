@@ -1,6 +1,6 @@
 #include "../elements/Rows.h"
-#include "ProgramPaths.h"
 #include "TavProcess.h"
+#include "app/ProgramPaths.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
 #include "../elements/Rows.h"
-#include "ConcreteElement.h"
-#include "Configurator.h"
-#include "Element.h"
 #include "StderrCapture.h"
+#include "app/Configurator.h"
+#include "elements/ConcreteElement.h"
+#include "elements/Element.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "../elements/Rows.h"
-#include "ExternalPrograms.h"
-#include "ProgramPaths.h"
 #include "StderrCapture.h"
+#include "app/ExternalPrograms.h"
+#include "app/ProgramPaths.h"
 
 #include <QApplication>
 #include <QDir>

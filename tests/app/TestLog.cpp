@@ -1,6 +1,6 @@
 #include "../elements/Rows.h"
-#include "Log.h"
 #include "StderrCapture.h"
+#include "app/Log.h"
 
 #include <QRegularExpression>
 #include <QTest>

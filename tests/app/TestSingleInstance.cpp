@@ -1,6 +1,6 @@
 #include "../elements/Rows.h"
-#include "QtSingleApplication.h"
 #include "TavProcess.h"
+#include "app/QtSingleApplication.h"
 
 #include <QProcess>
 #include <QSignalSpy>

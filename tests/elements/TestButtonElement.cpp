@@ -2,8 +2,8 @@
 #include "ReceiverProbe.h"
 #include "Rows.h"
 
-#include "FormElement.h"
-#include "PopupForm.h"
+#include "elements/FormElement.h"
+#include "ui/PopupForm.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -2,10 +2,10 @@
 #include "ReceiverProbe.h"
 #include "Rows.h"
 
-#include "ConstraintEvaluator.h"
-#include "ControlBox.h"
-#include "ListElement.h"
-#include "NumericElement.h"
+#include "elements/ConstraintEvaluator.h"
+#include "elements/ControlBox.h"
+#include "elements/ListElement.h"
+#include "elements/NumericElement.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -2,9 +2,9 @@
 #include "ReceiverProbe.h"
 #include "Rows.h"
 
-#include "ComplexElement.h"
-#include "ElementType.h"
-#include "FactoryElement.h"
+#include "elements/ComplexElement.h"
+#include "elements/FactoryElement.h"
+#include "xml/ElementType.h"
 
 #include <QAbstractSpinBox>
 #include <QButtonGroup>

@@ -2,8 +2,8 @@
 #include "../xml/SpecText.h"
 #include "Rows.h"
 
-#include "ListElement.h"
-#include "Parameter.h"
+#include "elements/ListElement.h"
+#include "elements/Parameter.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

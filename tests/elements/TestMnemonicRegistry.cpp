@@ -1,9 +1,9 @@
 #include "../xml/SpecText.h"
 #include "Rows.h"
 
-#include "ComplexElement.h"
-#include "ElementType.h"
-#include "MnemonicRegistry.h"
+#include "elements/ComplexElement.h"
+#include "elements/MnemonicRegistry.h"
+#include "xml/ElementType.h"
 
 #include <QAbstractButton>
 #include <QFile>

@@ -2,11 +2,11 @@
 #include "../xml/SpecText.h"
 #include "Rows.h"
 
-#include "DoubleValidator.h"
-#include "FloatElement.h"
-#include "FloatSpinBox.h"
-#include "IntValidator.h"
-#include "SliderElement.h"
+#include "elements/DoubleValidator.h"
+#include "elements/FloatElement.h"
+#include "elements/FloatSpinBox.h"
+#include "elements/IntValidator.h"
+#include "elements/SliderElement.h"
 
 #include <QLabel>
 #include <QLineEdit>

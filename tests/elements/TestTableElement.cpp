@@ -1,10 +1,10 @@
 #include "../app/StderrCapture.h"
 #include "../xml/SpecText.h"
 
-#include "ListElement.h"
-#include "PaperSizeParameter.h"
-#include "TableCellPaperSizeElement.h"
-#include "TableElement.h"
+#include "elements/ListElement.h"
+#include "elements/PaperSizeParameter.h"
+#include "elements/TableCellPaperSizeElement.h"
+#include "elements/TableElement.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -2,12 +2,12 @@
 #include "../xml/SpecText.h"
 #include "Rows.h"
 
-#include "AboutElement.h"
-#include "AboutInfo.h"
-#include "BoundaryElement.h"
-#include "DateTimeElement.h"
-#include "EditElement.h"
-#include "EditValidator.h"
+#include "elements/AboutElement.h"
+#include "elements/AboutInfo.h"
+#include "elements/BoundaryElement.h"
+#include "elements/DateTimeElement.h"
+#include "elements/EditElement.h"
+#include "elements/EditValidator.h"
 
 #include <QDateTimeEdit>
 #include <QLabel>

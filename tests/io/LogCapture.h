@@ -2,7 +2,7 @@
 
 #include "../app/StderrCapture.h"
 
-#include "Log.h"
+#include "app/Log.h"
 
 // Collects what the diagnostic log writes to standard error at the given level while it
 // lives, or until text() is first asked for; restores both afterwards.

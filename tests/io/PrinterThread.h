@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VirtualPrinter.h"
+#include "vprinter/VirtualPrinter.h"
 
 #include <QFile>
 #include <QMutex>

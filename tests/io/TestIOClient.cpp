@@ -1,8 +1,8 @@
 #include "../elements/Rows.h"
-#include "IOClient.h"
-#include "IOClientLocker.h"
 #include "LogCapture.h"
-#include "PseudoTerminal.h"
+#include "io/IOClient.h"
+#include "io/IOClientLocker.h"
+#include "vprinter/PseudoTerminal.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
 #include "../elements/Rows.h"
-#include "IOClient.h"
-#include "IOClientUsbEp0.h"
 #include "LogCapture.h"
 #include "UsbPrinterMock.h"
+#include "io/IOClient.h"
+#include "io/IOClientUsbEp0.h"
 
 #include <QTest>
 

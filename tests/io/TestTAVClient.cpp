@@ -1,8 +1,8 @@
 #include "../elements/Rows.h"
 #include "LogCapture.h"
 #include "PrinterThread.h"
-#include "TAVClient.h"
 #include "UsbPrinterMock.h"
+#include "io/TAVClient.h"
 
 #include <QFile>
 #include <QRegularExpression>

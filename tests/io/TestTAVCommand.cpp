@@ -1,5 +1,5 @@
 #include "../elements/Rows.h"
-#include "TAVCommand.h"
+#include "io/TAVCommand.h"
 
 #include <QTest>
 

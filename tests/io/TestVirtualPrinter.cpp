@@ -1,7 +1,7 @@
 #include "../elements/Rows.h"
-#include "PrinterState.h"
 #include "PrinterThread.h"
-#include "TAVClient.h"
+#include "io/TAVClient.h"
+#include "vprinter/PrinterState.h"
 
 #include <QTemporaryDir>
 #include <QTest>

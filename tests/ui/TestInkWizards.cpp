@@ -1,14 +1,14 @@
 #include "../elements/Rows.h"
-#include "Configurator.h"
-#include "Element.h"
-#include "InkAlignMFPWizard.h"
-#include "InkAlignSFPWizard.h"
-#include "InkCleanWizard.h"
-#include "InkStepPage.h"
-#include "InkTestPageWizard.h"
 #include "PrinterThread.h"
-#include "RequestParser.h"
-#include "TAVCommand.h"
+#include "app/Configurator.h"
+#include "elements/Element.h"
+#include "io/TAVCommand.h"
+#include "ui/InkAlignMFPWizard.h"
+#include "ui/InkAlignSFPWizard.h"
+#include "ui/InkCleanWizard.h"
+#include "ui/InkStepPage.h"
+#include "ui/InkTestPageWizard.h"
+#include "vprinter/RequestParser.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

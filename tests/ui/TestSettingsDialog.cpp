@@ -1,14 +1,14 @@
 #include "../elements/Rows.h"
-#include "ButtonElement.h"
-#include "ConcreteElement.h"
-#include "Configurator.h"
-#include "FormElement.h"
-#include "HelpViewer.h"
 #include "ModalWatcher.h"
-#include "PopupForm.h"
-#include "SettingsDialog.h"
-#include "SettingsViewItem.h"
 #include "VirtualPrinterProcess.h"
+#include "app/Configurator.h"
+#include "elements/ButtonElement.h"
+#include "elements/ConcreteElement.h"
+#include "elements/FormElement.h"
+#include "ui/HelpViewer.h"
+#include "ui/PopupForm.h"
+#include "ui/SettingsDialog.h"
+#include "ui/SettingsViewItem.h"
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SettingsParser.h"
+#include "xml/SettingsParser.h"
 
 #include <QString>
 

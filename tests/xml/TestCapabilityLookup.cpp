@@ -1,8 +1,8 @@
 #include "../app/StderrCapture.h"
 #include "../elements/Rows.h"
 
-#include "CapabilityLookup.h"
-#include "Log.h"
+#include "app/CapabilityLookup.h"
+#include "app/Log.h"
 
 #include <QtTest>
 

@@ -1,14 +1,14 @@
 #include "../elements/Rows.h"
 #include "SpecText.h"
 
-#include "DateTimeElement.h"
-#include "DialEditElement.h"
-#include "EditElement.h"
-#include "IPAddressElement.h"
-#include "ListElement.h"
-#include "NumericElement.h"
-#include "Parameter.h"
-#include "SubnetMaskElement.h"
+#include "elements/DateTimeElement.h"
+#include "elements/DialEditElement.h"
+#include "elements/EditElement.h"
+#include "elements/IPAddressElement.h"
+#include "elements/ListElement.h"
+#include "elements/NumericElement.h"
+#include "elements/Parameter.h"
+#include "elements/SubnetMaskElement.h"
 
 #include <QtTest>
 

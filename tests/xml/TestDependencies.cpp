@@ -2,11 +2,11 @@
 #include "../elements/Rows.h"
 #include "SpecText.h"
 
-#include "ConcreteElement.h"
-#include "ConditionNode.h"
-#include "Dependency.h"
-#include "GatewayValidityConstraint.h"
-#include "RefAttribute.h"
+#include "elements/ConcreteElement.h"
+#include "xml/ConditionNode.h"
+#include "xml/Dependency.h"
+#include "xml/GatewayValidityConstraint.h"
+#include "xml/RefAttribute.h"
 
 #include <QtTest>
 

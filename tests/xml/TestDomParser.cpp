@@ -1,5 +1,5 @@
 #include "../elements/Rows.h"
-#include "DomParser.h"
+#include "xml/DomParser.h"
 
 #include <QBuffer>
 #include <QTemporaryDir>

@@ -1,11 +1,11 @@
 #include "../app/StderrCapture.h"
 #include "../elements/Rows.h"
-#include "Log.h"
 #include "SpecText.h"
+#include "app/Log.h"
 
-#include "AboutElement.h"
-#include "AboutInfo.h"
-#include "ComplexElement.h"
+#include "elements/AboutElement.h"
+#include "elements/AboutInfo.h"
+#include "elements/ComplexElement.h"
 
 #include <QDomDocument>
 #include <QtTest>

@@ -1,10 +1,10 @@
 #include "../elements/Rows.h"
 #include "SpecText.h"
 
-#include "ListElement.h"
-#include "Parameter.h"
-#include "SystemLocale.h"
-#include "Translator.h"
+#include "app/SystemLocale.h"
+#include "elements/ListElement.h"
+#include "elements/Parameter.h"
+#include "xml/Translator.h"
 
 #include <QtTest>
 

@@ -1,8 +1,8 @@
 #include "TreeDump.h"
 
-#include "ComplexElement.h"
-#include "FactoryElement.h"
-#include "TableElement.h"
+#include "elements/ComplexElement.h"
+#include "elements/FactoryElement.h"
+#include "elements/TableElement.h"
 
 #include <QList>
 

@@ -1,6 +1,6 @@
-#include "Log.h"
-#include "SettingsParser.h"
 #include "TreeDump.h"
+#include "app/Log.h"
+#include "xml/SettingsParser.h"
 
 #include <QCoreApplication>
 #include <QFile>

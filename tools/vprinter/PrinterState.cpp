@@ -1,7 +1,7 @@
 #include "PrinterState.h"
 
-#include "DomParser.h"
-#include "ElementType.h"
+#include "xml/DomParser.h"
+#include "xml/ElementType.h"
 
 #include <QFile>
 #include <QRegularExpression>

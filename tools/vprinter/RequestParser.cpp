@@ -1,6 +1,6 @@
 #include "RequestParser.h"
 
-#include "InkCommands.h"
+#include "io/InkCommands.h"
 
 #include <QString>
 

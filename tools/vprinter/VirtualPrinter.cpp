@@ -1,6 +1,6 @@
 #include "VirtualPrinter.h"
 
-#include "InkCommands.h"
+#include "io/InkCommands.h"
 
 #include <QRandomGenerator>
 
