@@ -17,6 +17,7 @@ const Option kOptions[] = {
     {"short", "Fault: send only the first half of every reply.", nullptr},
     {"reject", "Fault: reject every change.", nullptr},
     {"slow", "Fault: send replies at <bytes> per second.", "bytes"},
+    {"late-first", "Fault: answer the first request only after <ms> milliseconds.", "ms"},
     {"hangup", "Fault: hang up in the middle of the specification text.", nullptr},
     {"huge", "Fault: announce a specification size of <bytes> (default 4294967295).", "bytes"},
     {"broken-xml", "Fault: serve the specification cut in half.", nullptr},
@@ -104,6 +105,8 @@ bool VirtualPrinterCommandLine::readOptions()
     parsed.inkFail = parser.isSet(QStringLiteral("ink-fail"));
     return readPositive(QStringLiteral("slow"), QStringLiteral("bytes per second"),
                         &parsed.bytesPerSecond) &&
+           readPositive(QStringLiteral("late-first"), QStringLiteral("milliseconds"),
+                        &parsed.lateFirstMs) &&
            readSize(QStringLiteral("huge"), &parsed.announcedSize);
 }
 
