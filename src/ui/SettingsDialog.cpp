@@ -282,10 +282,12 @@ bool SettingsDialog::sendChanges(const QString& id)
     const bool accepted = _configurator->applySettings(id);
     QApplication::restoreOverrideCursor();
     if (!accepted) {
+        const QString reason = _configurator->exchangeProblem();
         QMessageBox::critical(this, tr("Error"),
                               tr("The printer did not accept the changes, or could not be "
                                  "reached.\nYour changes are kept: check the printer and "
-                                 "try again."));
+                                 "try again.") +
+                                  (reason.isEmpty() ? QString() : QLatin1String("\n\n") + reason));
     }
     return accepted;
 }
