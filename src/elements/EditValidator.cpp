@@ -116,6 +116,9 @@ void EditValidator::_setupValidator(ConcreteElement* element, const QDomElement&
 
     element->setValidationPattern(pattern);
     const QString asRead = element->current();
-    element->setCurrent(ConcreteElement::matchesPattern(pattern, asRead) ? asRead : QString(""));
+    const bool fits = ConcreteElement::matchesPattern(pattern, asRead);
+    element->setCurrent(fits ? asRead : QString(""));
     element->setInitial(asRead);
+    if (!fits)
+        element->markEmptiedAtLoad();
 }
