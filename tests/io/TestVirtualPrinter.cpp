@@ -2,6 +2,7 @@
 #include "PrinterThread.h"
 #include "io/TAVClient.h"
 #include "vprinter/PrinterState.h"
+#include "vprinter/VirtualPrinterCommandLine.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -113,6 +114,29 @@ private slots:
         QVERIFY2(printer.reports().contains(reported), qPrintable(printer.reports().join('\n')));
         if (!ids)
             QCOMPARE(printer.printer.requestsServed(), 4);
+    }
+
+    // A value written apart or joined means the same; "--huge" alone announces 4 GB.
+    void readsCommandLine_data()
+    {
+        columns<QStringList, uint, int, QString>({"arguments", "huge", "slow", "specification"});
+        QTest::newRow("apart") << QStringList{"--huge", "1000000", "--slow", "100", "a.xml"}
+                               << 1000000u << 100 << "a.xml";
+        QTest::newRow("joined") << QStringList{"--huge=1000000", "--slow=100", "a.xml"} << 1000000u
+                                << 100 << "a.xml";
+        QTest::newRow("huge alone")
+            << QStringList{"--huge", "a.xml"} << 0xFFFFFFFFu << 0 << "a.xml";
+    }
+    void readsCommandLine()
+    {
+        const auto [arguments, huge, slow, specification] =
+            fetch<QStringList, uint, int, QString>();
+        VirtualPrinterCommandLine commandLine(QStringLiteral("test"));
+        QCOMPARE(commandLine.parse(QStringList{"tav-vprinter"} + arguments),
+                 VirtualPrinterCommandLine::Outcome::Run);
+        QCOMPARE(commandLine.options().announcedSize, huge);
+        QCOMPARE(commandLine.options().bytesPerSecond, slow);
+        QCOMPARE(commandLine.options().specificationFile, specification);
     }
 };
 

@@ -304,6 +304,10 @@ void VirtualPrinter::sendReply(QByteArray reply, Reply kind)
         report(QStringLiteral("fault: not answering"));
         return;
     }
+    const bool late = !answered && options.lateFirstMs > 0;
+    answered = true;
+    if (late && !answerLate())
+        return;
     if (options.garbage && kind == Reply::Short) {
         for (char& byte : reply)
             byte = char(QRandomGenerator::global()->bounded(256));
@@ -325,7 +329,17 @@ void VirtualPrinter::sendReply(QByteArray reply, Reply kind)
         }
         return;
     }
-    writeAll(reply.constData(), int(reply.size()));
+    if (writeAll(reply.constData(), int(reply.size())) && late)
+        report(QStringLiteral("fault: late answer sent"));
+}
+
+// A printer busy with something else: the first reply waits, and so does every request that
+// arrives meanwhile. False when stopped while waiting.
+bool VirtualPrinter::answerLate()
+{
+    report(
+        QStringLiteral("fault: answering the first request after %1 ms").arg(options.lateFirstMs));
+    return pause(options.lateFirstMs);
 }
 
 // Sleeps, but wakes for stop(); false when stopping.

@@ -68,6 +68,7 @@ private:
     QByteArray specificationServed() const;
     uint32_t sizeAnnounced() const;
     void sendReply(QByteArray reply, Reply kind);
+    bool answerLate();
     bool writeAll(const char* data, int length);
     bool pause(int milliseconds);
     void hangUp();
@@ -83,4 +84,5 @@ private:
     std::atomic<bool> stopping{false};
     std::atomic<int> served{0};
     bool terminalLost = false;
+    bool answered = false;
 };

@@ -18,6 +18,7 @@ struct VirtualPrinterOptions
     bool shortReplies = false;  // send only the first half of every reply
     bool rejectChanges = false; // reject every change document
     int bytesPerSecond = 0;     // pace replies; 0 sends at full speed
+    int lateFirstMs = 0;        // answer the first request only after this many ms
     bool hangUp = false;        // hang up in the middle of the specification text
     uint32_t announcedSize = 0; // announce this size instead of the real one; 0: the real one
     bool brokenXml = false;     // serve the specification cut in half
