@@ -32,6 +32,23 @@ Bitte diese Adresse verwenden:
     </message>
 </context>
 <context>
+    <name>ClearingQuestion</name>
+    <message>
+        <source>Clear settings</source>
+        <translation>Einstellungen leeren</translation>
+    </message>
+    <message>
+        <source>The printer&apos;s values of these settings could not be validated and are shown empty.
+Applying now clears them on the printer as well:</source>
+        <translation>Die Werte dieser Einstellungen im Drucker konnten nicht geprüft werden und werden leer angezeigt.
+Beim Übernehmen werden sie auch im Drucker geleert:</translation>
+    </message>
+    <message>
+        <source>Clear and apply</source>
+        <translation>Leeren und übernehmen</translation>
+    </message>
+</context>
+<context>
     <name>Configurator</name>
     <message>
         <source>Tavolor</source>

@@ -8,6 +8,7 @@
 #include "elements/Element.h"
 #include "elements/FactoryElement.h"
 #include "elements/FormElement.h"
+#include "ui/ClearingQuestion.h"
 #include "ui/HelpViewer.h"
 #include "ui/SettingsViewItem.h"
 #include "xml/ElementType.h"
@@ -45,8 +46,17 @@ bool countWrongSettings(Element* element, void* data)
     if (concrete && concrete->current() != concrete->initial()) {
         TAV_LOG(9, "id='%s' initial='%s' current='%s'", qPrintable(concrete->id()),
                 qPrintable(concrete->initial()), qPrintable(concrete->current()));
-        *static_cast<QString*>(data) += concrete->id() + QLatin1Char('\n');
+        *static_cast<QString*>(data) += concrete->shownName() + QLatin1Char('\n');
     }
+    return true;
+}
+
+// The enabled settings whose emptied value waits for the user's word before it is sent.
+bool collectPendingClearing(Element* element, void* data)
+{
+    auto* concrete = qobject_cast<ConcreteElement*>(element);
+    if (concrete && concrete->isEnabled() && concrete->isClearingPending())
+        static_cast<QList<ConcreteElement*>*>(data)->append(concrete);
     return true;
 }
 
@@ -380,6 +390,8 @@ void SettingsDialog::applyBtn_clicked()
     if (_root)
         _root->iterateElements(findInvalid, &search);
     if (!search.found) {
+        if (!confirmClearing())
+            return;
         if (sendChanges(QString())) {
             updateChanges(QString());
             applyBtn->setEnabled(false);
@@ -393,6 +405,23 @@ void SettingsDialog::applyBtn_clicked()
                          tr("The '%1' is not a valid entry for '%2'.\nPlease specify another value")
                              .arg(invalid->current(), invalid->title()));
     leadTo(invalid);
+}
+
+bool SettingsDialog::confirmClearing()
+{
+    QList<ConcreteElement*> pending;
+    if (_root)
+        _root->iterateElements(collectPendingClearing, &pending);
+    if (pending.isEmpty())
+        return true;
+    QStringList names;
+    for (const ConcreteElement* element : std::as_const(pending))
+        names.append(element->shownName());
+    if (!ClearingQuestion::confirm(names, this))
+        return false;
+    for (ConcreteElement* element : std::as_const(pending))
+        element->confirmClearing();
+    return true;
 }
 
 void SettingsDialog::leadTo(Element* element)
