@@ -292,10 +292,12 @@ bool SettingsDialog::sendChanges(const QString& id)
     const bool accepted = _configurator->applySettings(id);
     QApplication::restoreOverrideCursor();
     if (!accepted) {
+        const QString reason = _configurator->exchangeProblem();
         QMessageBox::critical(this, tr("Error"),
                               tr("The printer did not accept the changes, or could not be "
                                  "reached.\nYour changes are kept: check the printer and "
-                                 "try again."));
+                                 "try again.") +
+                                  (reason.isEmpty() ? QString() : QLatin1String("\n\n") + reason));
     }
     return accepted;
 }
@@ -521,17 +523,34 @@ void SettingsDialog::paramList_activated(QTreeWidgetItem* current)
 }
 
 // Tab runs from the parameter tree through the panel's controls to the dialog buttons.
+// New controls join the end of the window's focus chain in the order they were made, which is
+// the panel's order. So rather than placing each of them (every placement walks the chain,
+// which made a large group quadratic), the widgets between the parameter list and the first
+// control move behind the last control, the help button first, as before.
 void SettingsDialog::chainPanelFocus()
 {
-    QWidget* previous = paramList;
-    const auto widgets = _panel->findChildren<QWidget*>();
-    for (QWidget* w : widgets) {
-        if (!(w->focusPolicy() & Qt::TabFocus) || w->focusProxy())
-            continue;
-        QWidget::setTabOrder(previous, w);
-        previous = w;
+    const auto inPanel = [this](QWidget* w) { return w != _panel && _panel->isAncestorOf(w); };
+    QList<QWidget*> following{helpBtn};
+    QWidget* first = nullptr;
+    for (QWidget* w = paramList->nextInFocusChain(); w != paramList && !first;
+         w = w->nextInFocusChain()) {
+        if (inPanel(w))
+            first = w;
+        else if (w != helpBtn && (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy() &&
+                 !paramList->isAncestorOf(w) && w->window() == this)
+            following.append(w);
     }
-    QWidget::setTabOrder(previous, helpBtn);
+    if (!first) {
+        QWidget::setTabOrder(paramList, helpBtn);
+        return;
+    }
+    QWidget* last = first;
+    while (inPanel(last->nextInFocusChain()))
+        last = last->nextInFocusChain();
+    for (QWidget* w : std::as_const(following)) {
+        QWidget::setTabOrder(last, w);
+        last = w;
+    }
 }
 
 void SettingsDialog::showGroupOf(Element* element)

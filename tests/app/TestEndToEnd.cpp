@@ -197,8 +197,13 @@ private slots:
         app.start(tav, app.dir.filePath("no-such-printer"), {}, locale);
         const QString box = waitForWindow(title);
         QVERIFY(!box.isEmpty());
-        tav.kill();
-        tav.waitForFinished(5000);
+        pressKeys(box, {"Return"});
+        // The empty dialog follows; however it closes, the start failed.
+        const QString dialog = waitForWindow(kDevName);
+        QVERIFY(!dialog.isEmpty());
+        pressKeys(dialog, {"alt+c"});
+        QVERIFY(tav.waitForFinished(15000));
+        QCOMPARE(tav.exitCode(), 1);
     }
 
     void localSpecificationIsReadAndSaved()
