@@ -128,6 +128,13 @@ bool CtlArguments::parse(const QStringList& arguments, bool* helpShown)
         *helpShown = true;
         return true;
     }
+    // For the shell's completion: the options of a command, one a line.
+    if (_command == QLatin1String("__options")) {
+        for (const QString& option : optionsOf(arguments.value(2)))
+            std::printf("%s\n", qPrintable(option));
+        *helpShown = true;
+        return true;
+    }
     if (!find(_command)) {
         CtlMessages::error(_command.isEmpty()
                                ? CtlMessages::tr("no command given")

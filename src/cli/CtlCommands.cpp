@@ -266,7 +266,8 @@ CtlStatus CtlCommands::importBackup()
         return status;
     }
     const BackupDocument& backup = file.backup();
-    if (backup.model != source->model() && !arguments.isSet(QStringLiteral("force"))) {
+    if (!BackupDocument::sameModel(backup.model, source->model()) &&
+        !arguments.isSet(QStringLiteral("force"))) {
         CtlMessages::error(CtlMessages::tr("the backup is of the model '%1', the device is '%2': "
                                            "--force imports it anyway; nothing was sent")
                                .arg(backup.model, source->model()));

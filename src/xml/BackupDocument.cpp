@@ -103,3 +103,15 @@ bool BackupDocument::read(const QByteArray& data, QString* error)
     }
     return true;
 }
+
+bool BackupDocument::sameModel(const QString& a, const QString& b)
+{
+    const auto folded = [](QString name) {
+        return name.replace(QLatin1Char('_'), QLatin1Char(' ')).simplified().toLower();
+    };
+    const QString first = folded(a);
+    const QString second = folded(b);
+    if (first.isEmpty() || second.isEmpty())
+        return first == second;
+    return first.contains(second) || second.contains(first);
+}

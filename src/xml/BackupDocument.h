@@ -33,6 +33,10 @@ public:
     // error says why.
     bool read(const QByteArray& data, QString* error);
 
+    // Model names as the printing system, the device ID and a specification give them:
+    // case and blanks against underscores aside, one naming the other counts as the same.
+    static bool sameModel(const QString& a, const QString& b);
+
 private:
     static bool collect(Element* element, void* data);
 };
