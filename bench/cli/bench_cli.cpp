@@ -192,6 +192,14 @@ void benchImport(const QString& folder)
                 edit.assign(value.first, value.second);
         changes = edit.changeDocument();
     }
+    if (getenv("BENCH_KEEP")) {
+        QFile::copy(specFile, QStringLiteral("/tmp/cli-spec10000.xml"));
+        QFile::copy(changedFile, QStringLiteral("/tmp/cli-changed.xml"));
+        QFile::copy(originalFile, QStringLiteral("/tmp/cli-original.xml"));
+        QFile c(QStringLiteral("/tmp/cli-changes.xml"));
+        c.open(QIODevice::WriteOnly);
+        c.write(changes.toUtf8());
+    }
     double bare = 1e18;
     double import = 1e18;
     for (int round = 0; round < kRounds; ++round) {

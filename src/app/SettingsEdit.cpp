@@ -14,15 +14,21 @@
 SettingsEdit::SettingsEdit(SettingsParser& parser)
     : parser(parser)
 {
-    parser.enumerateElements(remember, &asRead);
+    parser.enumerateElements(remember, this);
     ConstraintEvaluator::evaluateAll(parser.root());
     parser.enumerateElements(acceptChanges, nullptr);
 }
 
 bool SettingsEdit::remember(Element* element, void* data)
 {
-    if (const auto* concrete = qobject_cast<ConcreteElement*>(element))
-        static_cast<QHash<QString, QString>*>(data)->insert(concrete->id(), concrete->initial());
+    auto* edit = static_cast<SettingsEdit*>(data);
+    if (auto* concrete = qobject_cast<ConcreteElement*>(element)) {
+        // The first of an id, as the parser's own lookup finds it.
+        if (!edit->index.contains(concrete->id())) {
+            edit->asRead.insert(concrete->id(), concrete->initial());
+            edit->index.insert(concrete->id(), concrete);
+        }
+    }
     return true;
 }
 
@@ -33,7 +39,8 @@ void SettingsEdit::refuse(const QString& id, const QString& value, const QString
 
 bool SettingsEdit::assign(const QString& id, const QString& value)
 {
-    Element* element = parser.findElement(id);
+    ConcreteElement* concrete = index.value(id);
+    Element* element = concrete ? concrete : parser.findElement(id);
     if (!element) {
         refuse(id, value, QCoreApplication::translate("SettingsEdit", "no such setting"));
         return false;
@@ -56,7 +63,7 @@ bool SettingsEdit::assign(const QString& id, const QString& value)
 void SettingsEdit::refuseDisabled()
 {
     for (const QString& id : std::as_const(assigned)) {
-        const auto* element = qobject_cast<ConcreteElement*>(parser.findElement(id));
+        const ConcreteElement* element = index.value(id);
         if (!element->isEnabled())
             refuse(id, element->current(), disabledReason(element));
     }
@@ -66,8 +73,7 @@ QStringList SettingsEdit::changedIds() const
 {
     QStringList out;
     for (const QString& id : assigned) {
-        const auto* element = qobject_cast<ConcreteElement*>(parser.findElement(id));
-        if (element->isChanged())
+        if (index.value(id)->isChanged())
             out.append(id);
     }
     return out;

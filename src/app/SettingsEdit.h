@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+class ConcreteElement;
 class Element;
 class SettingsParser;
 
@@ -37,6 +38,9 @@ public:
     // The change document of every changed setting; empty when nothing changed.
     QString changeDocument();
 
+    // A value setting by id, through an index made once: imports name thousands.
+    ConcreteElement* element(const QString& id) const { return index.value(id); }
+
     // The value the device sent, before any rule of the reader or a dependency touched it.
     QString deviceValue(const QString& id) const { return asRead.value(id); }
 
@@ -49,6 +53,7 @@ private:
 
     SettingsParser& parser;
     QHash<QString, QString> asRead;
+    QHash<QString, ConcreteElement*> index;
     QStringList assigned;
     QList<Refusal> _refusals;
 };

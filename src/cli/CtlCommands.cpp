@@ -100,7 +100,7 @@ CtlStatus CtlCommands::show()
         return csUsage;
     if (!operands.isEmpty())
         return usage(CtlMessages::tr("unexpected operand '%1'").arg(operands.first()));
-    const CtlStatus status = source->load(true);
+    const CtlStatus status = source->load(CtlSource::TreeWithRules);
     if (status != csDone)
         return status;
     SettingsEdit evaluated(source->parser()); // disabled settings as the dialog shows them
@@ -132,13 +132,13 @@ CtlStatus CtlCommands::get()
         return csUsage;
     if (operands.isEmpty())
         return usage(CtlMessages::tr("name at least one setting"));
-    const CtlStatus status = source->load(false);
+    const CtlStatus status = source->load(CtlSource::DocumentOnly);
     if (status != csDone)
         return status;
     QJsonObject values;
     CtlStatus result = csDone;
     for (const QString& id : std::as_const(operands)) {
-        const Element* element = source->parser().findElement(id);
+        const Element* element = source->lookup(id);
         if (!element || !element->isConcrete()) {
             CtlMessages::error(CtlMessages::tr("%1: no such setting").arg(id));
             result = csValueRefused;
@@ -199,7 +199,7 @@ CtlStatus CtlCommands::set()
         if (operand.indexOf(QLatin1Char('=')) <= 0)
             return usage(CtlMessages::tr("'%1' is not ID=VALUE").arg(operand));
     }
-    const CtlStatus status = source->load(true);
+    const CtlStatus status = source->load(CtlSource::TreeWithRules);
     if (status != csDone)
         return status;
     SettingsEdit edit(source->parser());
@@ -228,7 +228,7 @@ CtlStatus CtlCommands::exportBackup()
         return csUsage;
     if (!operands.isEmpty())
         return usage(CtlMessages::tr("unexpected operand '%1'").arg(operands.first()));
-    const CtlStatus status = source->load(false);
+    const CtlStatus status = source->load(CtlSource::Tree);
     if (status != csDone)
         return status;
     BackupDocument backup;
@@ -257,10 +257,10 @@ CtlStatus CtlCommands::importBackup()
     if (operands.size() != 1)
         return usage(CtlMessages::tr("name one backup file"));
     CtlSource file(shareDir, operands.first(), CtlSource::BackupFile, QString());
-    CtlStatus status = file.load(false);
+    CtlStatus status = file.load(CtlSource::Tree);
     if (status != csDone)
         return status;
-    status = source->load(true);
+    status = source->load(CtlSource::TreeWithRules);
     if (status != csDone) {
         CtlMessages::error(CtlMessages::tr("nothing was sent"));
         return status;
@@ -279,8 +279,7 @@ CtlStatus CtlCommands::importBackup()
     QStringList lacking;
     QStringList leftOut;
     for (const BackupDocument::Value& value : backup.values) {
-        const auto* element =
-            qobject_cast<ConcreteElement*>(source->parser().findElement(value.first));
+        const ConcreteElement* element = edit.element(value.first);
         if (!element) {
             lacking.append(value.first);
         } else if (!group.isEmpty() && !underGroup(element, group)) {
@@ -317,7 +316,7 @@ CtlStatus CtlCommands::diff()
     for (const QString& operand : std::as_const(operands)) {
         CtlSource source(shareDir, operand, CtlSource::kindOf(operand),
                          arguments.value(QStringLiteral("model")));
-        const CtlStatus status = source.load(false);
+        const CtlStatus status = source.load(CtlSource::Tree);
         if (status != csDone)
             return status;
         BackupDocument taken;

@@ -8,6 +8,7 @@
 #include "io/IOClientUsbEp0.h"
 #include "io/PrinterDiscovery.h"
 #include "io/TAVClient.h"
+#include "xml/ElementType.h"
 #include "xml/Translator.h"
 
 #include <QDir>
@@ -56,12 +57,17 @@ CtlSource::Kind CtlSource::kindOf(const QString& path)
     return file.read(4096).contains("<TavolorBackup") ? BackupFile : SpecificationFile;
 }
 
-CtlStatus CtlSource::load(bool withRules)
+CtlStatus CtlSource::load(Depth depth)
 {
     const CtlStatus status = _kind == Device ? loadDevice() : loadFile();
-    if (status != csDone || _kind == BackupFile)
+    if (status != csDone || _kind == BackupFile || depth == DocumentOnly)
         return status;
-    if (withRules) {
+    if (!_parser.readPrinterSettings()) {
+        CtlMessages::error(CtlMessages::tr("the settings of %1 cannot be read: %2")
+                               .arg(_target, CtlMessages::tr("not a settings specification")));
+        return csUnreachable;
+    }
+    if (depth == TreeWithRules) {
         applyTranslation();
         // The local dependency declarations sit beside the program, where the dialog reads
         // them; the user's folder is back in place for the files named on the command line.
@@ -124,7 +130,7 @@ CtlStatus CtlSource::loadFile()
 CtlStatus CtlSource::parse(const QByteArray& text)
 {
     const QString refusal = DomParser::screen(text);
-    if (!refusal.isEmpty() || !_parser.setContent(text) || !_parser.readPrinterSettings()) {
+    if (!refusal.isEmpty() || !_parser.setContent(text) || settingsNode().isNull()) {
         CtlMessages::error(CtlMessages::tr("the settings of %1 cannot be read: %2")
                                .arg(_target, refusal.isEmpty()
                                                  ? CtlMessages::tr("not a settings specification")
@@ -149,6 +155,29 @@ QString CtlSource::modelFromTree() const
 {
     const auto* name = qobject_cast<TextElement*>(_parser.findElement(QStringLiteral("ModelName")));
     return name ? name->textLabel() : QString();
+}
+
+QDomElement CtlSource::settingsNode() const
+{
+    const QDomNode ids = _parser.find(QStringLiteral("root/IDSInfo"));
+    return (ids.isNull() ? _parser.find(QStringLiteral("root/PrinterSettingsInfo")) : ids)
+        .toElement();
+}
+
+const Element* CtlSource::lookup(const QString& id)
+{
+    if (_parser.root())
+        return _parser.findElement(id);
+    // Subnet masks are repaired and table cells named while the whole tree is read.
+    const QDomElement node = settingsNode().elementsByTagName(id).item(0).toElement();
+    if (node.isNull() || id == FixedIds::SubnetMask) {
+        if (!_parser.readPrinterSettings())
+            return nullptr;
+        return _parser.findElement(id);
+    }
+    lookupParents.push_back(node.parentNode());
+    looked.emplace_back(_parser.createElement(node, &lookupParents.back(), nullptr));
+    return looked.back().get();
 }
 
 CtlStatus CtlSource::send(const QString& changes)

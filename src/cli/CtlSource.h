@@ -7,6 +7,10 @@
 
 #include <QString>
 
+#include <list>
+#include <memory>
+#include <vector>
+
 // What a command reads its settings from: a printer's device node, a settings specification
 // file (offline), or for some commands a backup file. Loads the element tree with the same
 // reader as the dialog and sends change documents through the same client.
@@ -26,10 +30,18 @@ public:
     // one, else a device.
     static Kind kindOf(const QString& path);
 
-    // Reads and builds the tree (or the backup); on failure the message is on stderr.
-    // `withRules`: dependencies and translation too, which only commands that show or change
-    // values need.
-    CtlStatus load(bool withRules);
+    enum Depth
+    {
+        DocumentOnly, // read and parsed; lookup() builds the settings asked for
+        Tree,         // the element tree
+        TreeWithRules // with dependencies and translation, for commands that show or change
+    };
+
+    // Reads the settings (or the backup); on failure the message is on stderr.
+    CtlStatus load(Depth depth);
+
+    // A setting by id: from the tree when there is one, else built from its node alone.
+    const Element* lookup(const QString& id);
 
     Kind kind() const { return _kind; }
     QString target() const { return _target; }
@@ -47,6 +59,7 @@ private:
     CtlStatus parse(const QByteArray& text);
     void applyTranslation();
     QString modelFromTree() const;
+    QDomElement settingsNode() const;
 
     QString shareDir;
     QString _target;
@@ -55,4 +68,6 @@ private:
     Capabilities caps;
     SettingsParser _parser;
     BackupDocument _backup;
+    std::list<QDomNode> lookupParents; // the elements built by lookup() point at these
+    std::vector<std::unique_ptr<Element>> looked;
 };
