@@ -67,9 +67,8 @@ bool InputRules::isWritable(const Element* element)
 InputRules::Range InputRules::integerRange(const NumericElement* element)
 {
     Range range;
-    range.lower = wholeNumber(element->min());
-    if (element->hasMax())
-        range.upper = wholeNumber(element->max());
+    range.lower = element->lowerLimit();
+    range.upper = element->upperLimit();
     range.step = qMax<qint64>(wholeNumber(element->step()).value_or(1), 1);
     return range;
 }
