@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTest>
 
 namespace {
@@ -15,6 +16,7 @@ const QString kLp = "/dev/usb/lp0";
 const QString kGadgetLog = "/tmp/gadget.log";
 const QString kState = "/tmp/gadget-state.xml";
 const QString kInstall = "/tmp/tav-install";
+const QString kSample = TAV_DATA_DIR "/laser_mfp.xml";
 const char kDevName[] = "Kernel USB";
 const QByteArray kFailure = "Cannot get printer settings!";
 
@@ -33,7 +35,7 @@ bool gadget(const QStringList& arguments)
 bool plugIn(const QStringList& options)
 {
     QFile::remove(kGadgetLog);
-    return gadget(QStringList{"start", TAV_BIN_DIR, TAV_DATA_DIR "/laser_mfp.xml"} + options);
+    return gadget(QStringList{"start", TAV_BIN_DIR, kSample} + options);
 }
 
 // The program in a writable folder of its own, so that "save_tav" can write beside it.
@@ -50,11 +52,12 @@ QString savedSpecification()
     return kInstall + "/bin/tav(" + kDevName + ").xml";
 }
 
-// Runs `tav DEVICE` until it has saved the whole specification or has said it failed, for
-// at most `limitMs` after the printer got the first request (the emulated machine takes
-// its own time to start the program); `during` runs once the printer has started sending
-// the text. Gives the program's log.
-QByteArray runTav(int limitMs, const std::function<void()>& during = {})
+// Runs `tav DEVICE` until it has saved the whole specification (`served`) or has said it failed,
+// for at most `limitMs` after the printer got the first request (the emulated machine takes its own
+// time to start the program); `during` runs once the printer has started sending the text. Gives
+// the program's log.
+QByteArray runTav(int limitMs, const QString& served = kSample,
+                  const std::function<void()>& during = {})
 {
     QFile::remove(savedSpecification());
     QProcess tav;
@@ -63,7 +66,7 @@ QByteArray runTav(int limitMs, const std::function<void()>& during = {})
     env.insert("XDG_RUNTIME_DIR", "/tmp");
     tav.setProcessEnvironment(env);
     tav.start(kInstall + "/bin/tav", {kLp, kDevName, "debug", "save_tav"});
-    const qint64 whole = readAll(TAV_DATA_DIR "/laser_mfp.xml").size();
+    const qint64 whole = readAll(served).size();
     QByteArray log;
     QElapsedTimer clock;
     clock.start();
@@ -126,7 +129,7 @@ private slots:
         const QByteArray cmd = options.contains("--ids") ? "CMD:IDS;" : "CMD:TAV;";
         QVERIFY(readAll("/sys/class/usbmisc/lp0/device/ieee1284_id").contains(cmd));
         const QByteArray log = runTav(60000);
-        QCOMPARE(readAll(savedSpecification()), readAll(TAV_DATA_DIR "/laser_mfp.xml"));
+        QCOMPARE(readAll(savedSpecification()), readAll(kSample));
         QVERIFY2(!log.contains("GET_BUS_ADDRESS) failure"), log.constData());
         const QByteArray report = readAll(kGadgetLog);
         QVERIFY2(report.contains("request: " + framing), report.constData());
@@ -144,14 +147,15 @@ private slots:
     {
         const auto [options] = fetch<QStringList>();
         QVERIFY(plugIn(options));
-        QVERIFY(runTav(10000).contains(kFailure));
+        const QByteArray log = runTav(10000);
+        QVERIFY2(log.contains(kFailure), (log.right(2000) + readAll(kGadgetLog)).constData());
     }
 
     void slowPrinterIsWaitedFor()
     {
         QVERIFY(plugIn({"--slow", "20000"}));
         runTav(30000);
-        QCOMPARE(readAll(savedSpecification()), readAll(TAV_DATA_DIR "/laser_mfp.xml"));
+        QCOMPARE(readAll(savedSpecification()), readAll(kSample));
     }
 
     // Unplugged while it sends the specification: the program says so, and once plugged in
@@ -159,10 +163,10 @@ private slots:
     void unplugAndPlugIn()
     {
         QVERIFY(plugIn({"--slow", "10000"}));
-        QVERIFY(runTav(10000, [] { gadget({"unbind"}); }).contains(kFailure));
+        QVERIFY(runTav(10000, kSample, [] { gadget({"unbind"}); }).contains(kFailure));
         QVERIFY(plugIn({}));
         runTav(60000);
-        QCOMPARE(readAll(savedSpecification()), readAll(TAV_DATA_DIR "/laser_mfp.xml"));
+        QCOMPARE(readAll(savedSpecification()), readAll(kSample));
     }
 
     void applyReachesTheStoredSettings_data()
@@ -185,14 +189,13 @@ private slots:
             QVERIFY(timer);
             timer->valueChange("42");
             QCOMPARE(configurator.applySettings(QString()), accepted);
+            QVERIFY2(accepted == readAll(kState).contains("CURRENT=\"42\""),
+                     readAll(kGadgetLog).constData());
         }
         QVERIFY(plugIn(QStringList{"--state", kState}));
-        runTav(60000);
-        QCOMPARE(readAll(savedSpecification())
-                     .contains("<SleepTimer TYPE=\"INTEGER\" "
-                               "STRING=\"Sleep Timer (minutes)\" "
-                               "CURRENT=\"42\""),
-                 accepted);
+        runTav(60000, QFile::exists(kState) ? kState : kSample);
+        const QRegularExpression stored("<SleepTimer [^>]*CURRENT=\"42\"");
+        QCOMPARE(QString::fromUtf8(readAll(savedSpecification())).contains(stored), accepted);
     }
 };
 
