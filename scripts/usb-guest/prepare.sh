@@ -20,9 +20,11 @@ if ! ls linux-image-*.deb >/dev/null 2>&1; then
   rmdir "$fetch"
 fi
 deb=$(ls linux-image-*.deb | head -n1)
-if [ ! -d root ] || [ "$deb" -nt root ]; then
+# The package's own dates go with the files, so a stamp tells when it was unpacked.
+if [ ! -f root.stamp ] || [ "$deb" -nt root.stamp ]; then
   rm -rf root
   dpkg-deb -x "$deb" root
+  touch root.stamp
 fi
 version=$(ls root/lib/modules | head -n1)
 modules="root/lib/modules/$version/kernel"
