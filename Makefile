@@ -4,7 +4,7 @@ PRESET ?= default
 BUILD_DIR ?= build
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps configure build check demo bench fuzz format translations clean
+.PHONY: all deps configure build check demo bench fuzz format translations clean usb-shell
 
 all: build
 
@@ -22,6 +22,10 @@ check: build
 
 demo: build
 	./scripts/demo.sh $(BUILD_DIR)
+
+# A shell in the QEMU guest that tests the real USB path, with the virtual USB printer plugged in.
+usb-shell: build
+	./scripts/usb-guest/shell.sh $(BUILD_DIR)
 
 bench: build
 	./scripts/run-bench.sh $(BUILD_DIR)
