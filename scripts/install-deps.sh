@@ -12,6 +12,7 @@ packages=(
   xvfb xauth xdotool x11-utils imagemagick
   clang-14 libclang-rt-14-dev
   locales
+  dpkg-dev file scdoc lintian desktop-file-utils appstream
 )
 
 missing=()
