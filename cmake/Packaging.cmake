@@ -75,13 +75,13 @@ set(CPACK_PACKAGE_NAME tavolor)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT "Tavolor developers <maintainers@users.noreply.c-seed-e587dc55.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "view and change the settings stored inside a USB printer")
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "${CPACK_PACKAGE_DESCRIPTION_SUMMARY}
- Tavolor shows the settings stored inside a USB printer or multi-function
- printer (sleep timer, paper defaults, network address and the rest) in one
- dialog, checks what is entered, and sends back only what changed.
- .
- tavctl reads, changes, backs up and clones the same settings from a shell;
- tavolor finds the connected printers and opens their settings.")
+# CPack puts the summary first and indents these lines itself.
+set(CPACK_PACKAGE_DESCRIPTION "Tavolor shows the settings stored inside a USB printer or multi-function
+printer (sleep timer, paper defaults, network address and the rest) in one
+dialog, checks what is entered, and sends back only what changed.
+
+tavctl reads, changes, backs up and clones the same settings from a shell;
+tavolor finds the connected printers and opens their settings.")
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -90,6 +90,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${CMAKE_SOURCE_DIR}/packaging/postinst)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGING_INSTALL_PREFIX ${TAV_PACKAGE_ROOT})
+set(CPACK_INSTALL_PREFIX ${TAV_PACKAGE_ROOT})
 set(CPACK_SET_DESTDIR ON)
 set(CPACK_PACKAGE_DIRECTORY ${TAV_PACKAGE_BUILD})
 # One package holding the program folder and the system files.

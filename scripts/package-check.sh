@@ -22,7 +22,7 @@ step() { echo "package-check: $*"; }
 step "lintian"
 # Tags a locally built package cannot avoid: it is not uploaded, so it closes no bug and
 # has no signed origin. Everything else is shown; errors fail the check.
-lintian --fail-on error --no-tag-display-limit \
+lintian --fail-on error --tag-display-limit 0 \
     --suppress-tags no-manual-page,initial-upload-closes-no-bugs "$deb"
 
 step "desktop-file-validate"
