@@ -47,7 +47,7 @@ else()
 endif()
 
 # Desktop integration: the menu entry, the icon at every size, the AppStream description.
-install(FILES ${TAV_SHARE_SOURCE}/applications/tav.desktop
+install(FILES ${TAV_SHARE_SOURCE}/applications/tavolor.desktop
     DESTINATION /usr/share/applications RENAME org.tavolor.Tavolor.desktop ${TAV_SYSTEM_INSTALL})
 install(DIRECTORY ${TAV_SHARE_SOURCE}/icons/hicolor DESTINATION /usr/share/icons
     ${TAV_SYSTEM_INSTALL})
