@@ -4,7 +4,8 @@ PRESET ?= default
 BUILD_DIR ?= build
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps configure build check demo bench fuzz format translations clean usb-shell
+.PHONY: all deps configure build check demo bench fuzz format translations clean usb-shell \
+	package package-check
 
 all: build
 
@@ -19,6 +20,14 @@ build: configure
 
 check: build
 	./scripts/run-tests.sh $(BUILD_DIR)
+	$(MAKE) package-check
+
+# The Debian package, built from the same tree, and its check by Debian's own tools.
+package: build
+	cmake --build --preset $(PRESET) --target package
+
+package-check: package
+	./scripts/package-check.sh $(BUILD_DIR)
 
 demo: build
 	./scripts/demo.sh $(BUILD_DIR)

@@ -13,6 +13,7 @@ packages=(
   clang-14 libclang-rt-14-dev
   qemu-system-x86 busybox-static cpio binutils
   locales
+  dpkg-dev file scdoc lintian desktop-file-utils appstream
 )
 
 missing=()
