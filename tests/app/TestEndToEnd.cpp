@@ -3,6 +3,7 @@
 #include "TavProcess.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -32,22 +33,25 @@ QByteArray xdotool(const QStringList& arguments)
     return process.readAllStandardOutput().trimmed();
 }
 
-// The visible windows whose title matches the pattern, waiting up to 15 s for the first one.
-QStringList windowsNamed(const QString& pattern, int tries = 1)
+// The visible windows whose title matches the pattern, waiting up to waitMs for the first one
+// (a loaded machine may take long to start the program).
+QStringList windowsNamed(const QString& pattern, int waitMs = 0)
 {
+    QElapsedTimer clock;
+    clock.start();
     QStringList windows;
-    while (tries-- > 0 && windows.isEmpty()) {
+    for (;;) {
         const QByteArray found = xdotool({"search", "--onlyvisible", "--name", pattern});
         windows = QString::fromLatin1(found).split('\n', Qt::SkipEmptyParts);
-        if (windows.isEmpty() && tries > 0)
-            QTest::qWait(50);
+        if (!windows.isEmpty() || clock.elapsed() >= waitMs)
+            return windows;
+        QTest::qWait(50);
     }
-    return windows;
 }
 
 QString waitForWindow(const QString& pattern)
 {
-    return windowsNamed(pattern, 300).value(0);
+    return windowsNamed(pattern, 40000).value(0);
 }
 
 void pressKeys(const QString& window, const QStringList& keys)
