@@ -45,8 +45,8 @@ step "tav from the unpacked root"
 
 sample="$source_dir/data/laser_mfp.xml"
 if [ -e "$root/usr/bin/tavctl" ]; then
-    step "tavctl --spec $(basename "$sample") show"
-    lines=$("$root"/usr/bin/tavctl --spec "$sample" show | wc -l)
+    step "tavctl show --spec $(basename "$sample")"
+    lines=$("$root"/usr/bin/tavctl show --spec "$sample" | wc -l)
     [ "$lines" -gt 10 ] || { echo "tavctl show printed $lines lines" >&2; exit 1; }
 fi
 if [ -e "$root/usr/bin/tavolor" ]; then
