@@ -297,6 +297,137 @@ private slots:
         QCOMPARE(s.dialog.slider->text(), QString("<"));
     }
 
+    // Return moves from a row into its control and then stays with the field: it never
+    // presses the fold button, whichever widget has the focus.
+    void returnNeverFoldsTheGroups()
+    {
+        Setup s;
+        QVERIFY(QTest::qWaitForWindowActive(&s.dialog));
+        s.dialog.paramList->setFocus();
+        s.dialog.paramList->setCurrentItem(s.dialog.findParamItem("Location"));
+        QTest::keyClick(s.dialog.paramList, Qt::Key_Return);
+        auto* edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        QVERIFY(edit);
+        edit->selectAll();
+        QTest::keyClicks(edit, "Hall");
+        QTest::keyClick(edit, Qt::Key_Return);
+        QTest::keyClick(s.dialog.favoriteList, Qt::Key_Return);
+        QVERIFY(s.dialog.favoriteList->isVisible());
+        QCOMPARE(s.setting("Location")->current() + '|' + s.row("Location"), QString("Hall|Hall"));
+    }
+
+    // Edited through its field, a setting and its group turn bold and are counted beside
+    // Apply until the device has taken them.
+    void changesAreMarkedUntilSent()
+    {
+        Setup s;
+        auto* edit = qobject_cast<QLineEdit*>(show(s.dialog, "Location"));
+        QVERIFY(edit);
+        QTest::keyClick(edit, Qt::Key_End);
+        QTest::keyClicks(edit, "2");
+        SettingsViewItem* row = s.dialog.findParamItem("Location");
+        QVERIFY(row->font(0).bold() && row->parent()->font(0).bold());
+        QVERIFY(!s.dialog.findParamItem("Network")->font(0).bold());
+        QCOMPARE(s.dialog.pendingLabel->text(), QString("1 pending change"));
+        click(s.dialog.applyBtn);
+        QVERIFY(!row->font(0).bold() && !row->parent()->font(0).bold());
+        QCOMPARE(s.dialog.pendingLabel->text(), QString());
+    }
+
+    // Apply lists what goes out (secrets masked, cleared settings apart); Cancel keeps all of
+    // it pending, Apply sends it, and "Don't ask again" turns the review off.
+    void reviewBeforeSend()
+    {
+        ChangeReview::setWanted(true);
+        Setup s("<AdminPassword TYPE='EDITBOX' STRING='Admin password' CURRENT='old'/>");
+        for (const char* id : {"SleepTimer", "Location", "AdminPassword"}) {
+            QWidget* field = show(s.dialog, id);
+            field->setFocus();
+            QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClicks(field, *id == 'S' ? "30" : *id == 'L' ? "\b" : "new");
+        }
+        QStringList rows;
+        const auto answer = [&rows](const char* button, bool dontAsk) {
+            QTimer::singleShot(0, [&rows, button, dontAsk] {
+                QWidget* review = QApplication::activeModalWidget();
+                for (const auto* list : review->findChildren<QTreeWidget*>()) {
+                    for (int i = 0; i < list->topLevelItemCount(); ++i) {
+                        const QTreeWidgetItem* row = list->topLevelItem(i);
+                        rows << list->objectName() + ':' + row->text(0) + '|' + row->text(1) +
+                                    '|' + row->text(2);
+                    }
+                }
+                if (dontAsk)
+                    QTest::keyClick(review->findChild<QCheckBox*>("dontAsk"), Qt::Key_Space);
+                click(review->findChild<QPushButton*>(button));
+            });
+        };
+        answer("reviewCancel", false);
+        click(s.dialog.applyBtn);
+        QCOMPARE(rows, (QStringList{"changeList:Sleep timer|General|5 → 30",
+                                    "changeList:Admin password|General|••• → •••",
+                                    "clearedList:Location|General|Lab"}));
+        QVERIFY(s.sent().isEmpty());
+        QCOMPARE(s.dialog.pendingCount(), 3);
+        answer("reviewApply", true);
+        click(s.dialog.applyBtn);
+        QVERIFY2(s.printer->stateText().contains("CURRENT=\"30\"") &&
+                     s.printer->stateText().contains("CURRENT=\"new\""),
+                 s.printer->stateText().constData());
+        QCOMPARE(s.dialog.pendingCount(), 0);
+        QVERIFY(!ChangeReview::isWanted());
+    }
+
+    void resizableAndRememberedPerModel()
+    {
+        QSize size;
+        {
+            Setup s;
+            QVERIFY(s.dialog.windowFlags() & Qt::WindowMaximizeButtonHint);
+            s.dialog.resize(s.dialog.size() + QSize(120, 60));
+            size = s.dialog.size();
+            const int panel = s.dialog.paramFrame->width();
+            const int groups = s.dialog.favoriteList->width();
+            click(s.dialog.slider);
+            QVERIFY(s.dialog.paramFrame->width() >= panel + groups);
+            QTest::keyClick(&s.dialog, Qt::Key_Escape);
+        }
+        Setup s;
+        QCOMPARE(s.dialog.size(), size);
+        QVERIFY(!s.dialog.favoriteList->isVisible());
+        click(s.dialog.slider);
+        QVERIFY(s.dialog.favoriteList->isVisible());
+    }
+
+    void samplesNeedNoSidewaysScrolling_data() { addRows({"sample"}, {{"laser", "laser_mfp.xml"}, {"inkjet", "inkjet_mfp.xml"}}); }
+    void samplesNeedNoSidewaysScrolling()
+    {
+        QFETCH(QString, sample);
+        QTemporaryDir dir;
+        QVERIFY(QFile::copy(QString(TAV_DATA_DIR "/") + sample, dir.filePath("tav.xml")));
+        QFile::copy(QString(TAV_DATA_DIR "/dependencies.xml"), dir.filePath("dependencies.xml"));
+        const QString before = QDir::currentPath();
+        QDir::setCurrent(dir.path());
+        const auto restore = qScopeGuard([&before] { QDir::setCurrent(before); });
+        ModalWatcher boxes;
+        Configurator configurator(dir.path(), dir.filePath("none"), "Sample", true, false, false,
+                                  false);
+        QVERIFY(configurator.getPrinterSettings());
+        SettingsDialog dialog;
+        dialog.initialize(&configurator, "Sample");
+        dialog.show();
+        auto* scroll = dialog.findChild<QScrollArea*>("panelScroll");
+        QStringList clipped;
+        for (QTreeWidgetItemIterator it(dialog.paramList); *it; ++it) {
+            dialog.paramList->setCurrentItem(*it);
+            QCoreApplication::processEvents();
+            if (scroll->horizontalScrollBar()->isVisible())
+                clipped << dialog.shownGroup()->title();
+        }
+        clipped.removeDuplicates();
+        QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join(", ")));
+    }
+
     void helpShowsTheLocalPage()
     {
         Setup s;
