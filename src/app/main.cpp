@@ -90,7 +90,5 @@ int main(int argc, char** argv)
 
     SettingsDialog dialog(nullptr);
     dialog.initialize(&configurator, args.at(2));
-    if (QLayout* layout = dialog.layout())
-        layout->setSizeConstraint(QLayout::SetFixedSize);
     return dialog.exec();
 }

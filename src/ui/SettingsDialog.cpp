@@ -8,14 +8,19 @@
 #include "elements/Element.h"
 #include "elements/FactoryElement.h"
 #include "elements/FormElement.h"
+#include "elements/SecretSetting.h"
+#include "ui/ChangeReview.h"
+#include "ui/DialogMemory.h"
 #include "ui/HelpViewer.h"
 #include "ui/SettingsViewItem.h"
 #include "xml/ElementType.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QMessageBox>
 #include <QResizeEvent>
 #include <QScrollArea>
+#include <QSet>
 #include <QThread>
 #include <QTimer>
 #include <QTreeWidgetItemIterator>
@@ -62,6 +67,68 @@ bool restoreFactory(Element* element, void*)
     return true;
 }
 
+// Gathers the settings whose value differs from the device's, with every element above them.
+struct ChangeSearch
+{
+    QSet<const Element*> marked;
+    int pending = 0;
+};
+
+bool findChanged(Element* element, void* data)
+{
+    auto* concrete = qobject_cast<ConcreteElement*>(element);
+    if (!concrete || !concrete->isChanged())
+        return true;
+    auto* search = static_cast<ChangeSearch*>(data);
+    ++search->pending;
+    for (const Element* e = element; e && !search->marked.contains(e); e = e->parentElement())
+        search->marked.insert(e);
+    return true;
+}
+
+// Gathers the value each setting shows while it holds the device's value.
+bool recordShown(Element* element, void* data)
+{
+    if (auto* concrete = qobject_cast<ConcreteElement*>(element))
+        static_cast<QHash<const Element*, QString>*>(data)->insert(concrete,
+                                                                   concrete->displayValue());
+    return true;
+}
+
+struct ReviewSearch
+{
+    const QHash<const Element*, QString>* shown;
+    QList<ChangeReview::Change> changes;
+};
+
+// The group a setting is listed under: a control standing for its parent's row belongs to the
+// parent's group.
+QString groupTitle(const Element* element)
+{
+    const Element* parent = element->parentElement();
+    if (parent && parent->title() == element->title())
+        parent = parent->parentElement();
+    return parent ? parent->title() : QString();
+}
+
+bool collectChange(Element* element, void* data)
+{
+    auto* concrete = qobject_cast<ConcreteElement*>(element);
+    if (!concrete || !concrete->isChanged())
+        return true;
+    auto* search = static_cast<ReviewSearch*>(data);
+    ChangeReview::Change change{concrete->title(), groupTitle(concrete),
+                                search->shown->value(concrete, concrete->initial()),
+                                concrete->displayValue()};
+    if (SecretSetting::isSecret(concrete)) {
+        const QString mask = QString::fromUtf8(SecretSetting::mask());
+        change.before = change.before.isEmpty() ? QString() : mask;
+        change.after = change.after.isEmpty() ? QString() : mask;
+    }
+    search->changes << change;
+    return true;
+}
+
 FormElement* enclosingForm(Element* element)
 {
     for (Element* e = element ? element->parentElement() : nullptr; e; e = e->parentElement()) {
@@ -101,6 +168,10 @@ SettingsDialog::SettingsDialog(QWidget* parent, const char* name, Qt::WindowFlag
     paramList->header()->setSectionResizeMode(0, QHeaderView::Interactive);
     paramList->header()->setStretchLastSection(true);
     paramList->setColumnWidth(0, 220);
+    _treeMinWidth = paramList->minimumWidth();
+    // Extra width goes to the panel, whose controls need it; the tree keeps its width.
+    listsLayout->setStretchFactor(paramFrame, 1);
+    setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
 
     connect(slider, &QPushButton::clicked, this, &SettingsDialog::slider_clicked);
     connect(paramList, &QTreeWidget::currentItemChanged, this,
@@ -145,6 +216,29 @@ void SettingsDialog::initialize(Configurator* configurator, const QString& devNa
             Qt::UniqueConnection);
     fillSettings(_root);
     validateSettings(_root);
+    restoreLayout();
+}
+
+// The size and fold state this user last left the dialog in for this model.
+void SettingsDialog::restoreLayout()
+{
+    const DialogMemory memory(_devName);
+    const QSize size = memory.size();
+    if (size.isValid())
+        resize(size.expandedTo(minimumSizeHint()));
+    if (memory.folded() && !favoriteList->isHidden()) {
+        _foldWidth =
+            favoriteList->isVisible() ? favoriteList->width() : favoriteList->maximumWidth();
+        favoriteList->hide();
+        slider->setText(QStringLiteral(">"));
+    }
+}
+
+void SettingsDialog::done(int result)
+{
+    DialogMemory(_devName).save(isMaximized() ? normalGeometry().size() : size(),
+                                favoriteList->isHidden());
+    SettingsDialogBase::done(result);
 }
 
 void SettingsDialog::fillSettings(Element* root)
@@ -175,6 +269,46 @@ void SettingsDialog::fillSettings(Element* root)
     paramList->setUpdatesEnabled(true);
     if (paramList->topLevelItemCount() > 0)
         paramList->setCurrentItem(paramList->topLevelItem(0));
+    recordDeviceValues();
+    markChanges();
+}
+
+void SettingsDialog::recordDeviceValues()
+{
+    _deviceShown.clear();
+    if (_root)
+        _root->iterateElements(recordShown, &_deviceShown);
+}
+
+bool SettingsDialog::reviewChanges(Element* under)
+{
+    ReviewSearch search{&_deviceShown, {}};
+    if (under)
+        under->iterateElements(collectChange, &search);
+    return ChangeReview::confirm(_devName, search.changes, this);
+}
+
+// Bold rows for the changed settings and the groups that hold them; the count beside Apply.
+void SettingsDialog::markChanges()
+{
+    if (_holdMarks)
+        return;
+    ChangeSearch search;
+    if (_root)
+        _root->iterateElements(findChanged, &search);
+    for (QTreeWidgetItemIterator it(paramList); *it; ++it) {
+        auto* item = static_cast<SettingsViewItem*>(*it);
+        const bool changed = search.marked.contains(item->element());
+        QFont font = item->font(0);
+        if (font.bold() != changed) {
+            font.setBold(changed);
+            item->setFont(0, font);
+        }
+    }
+    _pending = search.pending;
+    pendingLabel->setText(_pending == 0   ? QString()
+                          : _pending == 1 ? tr("1 pending change")
+                                          : tr("%1 pending changes").arg(_pending));
 }
 
 void SettingsDialog::validateSettings(Element* root)
@@ -198,9 +332,11 @@ void SettingsDialog::validateSettings(Element* root)
 
 void SettingsDialog::updateChanges(const QString& id)
 {
-    if (!id.isEmpty() || !_root)
-        return;
-    _root->iterateElements(acceptChanges, nullptr);
+    if (id.isEmpty() && _root) {
+        _root->iterateElements(acceptChanges, nullptr);
+        recordDeviceValues();
+    }
+    markChanges();
 }
 
 SettingsViewItem* SettingsDialog::findFavoriteItem(const QString& id) const
@@ -250,6 +386,7 @@ void SettingsDialog::elementChanged(const QString&)
     if (SettingsViewItem* item = rowOf(element))
         item->setText(1, concrete->displayValue());
     applyBtn->setEnabled(true);
+    markChanges();
 }
 
 void SettingsDialog::elementReset()
@@ -261,6 +398,7 @@ void SettingsDialog::elementReset()
         item->setText(1, QString());
         item->setText(1, concrete->displayValue());
     }
+    markChanges();
 }
 
 void SettingsDialog::changeVisibility(bool visible)
@@ -301,9 +439,15 @@ void SettingsDialog::popupApplyClicked()
     auto* form = qobject_cast<FormElement*>(senderElement());
     if (!form)
         return;
-    if (sendChanges(form->id()))
-        updateChanges(form->id());
-    else
+    if (!reviewChanges(form)) {
+        form->setApplyRefused(); // the form stays open with its edits
+        return;
+    }
+    if (sendChanges(form->id())) {
+        form->iterateElements(recordShown, &_deviceShown);
+        // The form takes its values as the device's once this returns.
+        QTimer::singleShot(0, this, &SettingsDialog::markChanges);
+    } else
         form->setApplyRefused(); // the form keeps its edits pending
 }
 
@@ -378,7 +522,7 @@ void SettingsDialog::applyBtn_clicked()
     if (_root)
         _root->iterateElements(findInvalid, &search);
     if (!search.found) {
-        if (sendChanges(QString())) {
+        if (reviewChanges(_root) && sendChanges(QString())) {
             updateChanges(QString());
             applyBtn->setEnabled(false);
         }
@@ -415,8 +559,12 @@ void SettingsDialog::leadTo(Element* element)
 
 void SettingsDialog::defBtn_clicked()
 {
-    if (_root)
-        _root->iterateElements(restoreFactory, nullptr);
+    if (!_root)
+        return;
+    _holdMarks = true;
+    _root->iterateElements(restoreFactory, nullptr);
+    _holdMarks = false;
+    markChanges();
 }
 
 void SettingsDialog::closeBtn_clicked()
@@ -543,7 +691,7 @@ void SettingsDialog::clearPanel()
 
 void SettingsDialog::slider_clicked()
 {
-    animateFold(favoriteList->isVisible());
+    animateFold(!favoriteList->isHidden());
 }
 
 void SettingsDialog::animateFold(bool fold)
@@ -557,6 +705,8 @@ void SettingsDialog::animateFold(bool fold)
         QThread::msleep(kFoldPauseMs);
     };
     if (fold) {
+        // The tree keeps its width: what the groups list frees goes to the panel.
+        paramList->setFixedWidth(paramList->width());
         _foldWidth = favoriteList->width();
         for (int i = 1; i <= kFoldSteps; ++i)
             step(qRound(double(kFoldSteps - i) * _foldWidth / kFoldSteps));
@@ -567,6 +717,8 @@ void SettingsDialog::animateFold(bool fold)
         QCoreApplication::processEvents();
         for (int i = 1; i <= kFoldSteps; ++i)
             step(qRound(double(_foldWidth) * i / kFoldSteps));
+        paramList->setMinimumWidth(_treeMinWidth);
+        paramList->setMaximumWidth(QWIDGETSIZE_MAX);
         slider->setText(QStringLiteral("<"));
     }
 }

@@ -5,15 +5,21 @@
 #include "elements/ButtonElement.h"
 #include "elements/ConcreteElement.h"
 #include "elements/FormElement.h"
+#include "ui/ChangeReview.h"
+#include "ui/DialogMemory.h"
 #include "ui/HelpViewer.h"
 #include "ui/PopupForm.h"
 #include "ui/SettingsDialog.h"
 #include "ui/SettingsViewItem.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSettings>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -107,7 +113,18 @@ class TestSettingsDialog : public QObject
         }
     };
 
+    QTemporaryDir config;
+
 private slots:
+    void initTestCase() { qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path())); }
+    // Every test starts from a dialog this user never resized or folded.
+    // The review is tested on its own; elsewhere Apply sends at once.
+    void init()
+    {
+        QSettings(DialogMemory::organisation(), DialogMemory::application()).clear();
+        ChangeReview::setWanted(false);
+    }
+
     void opensWithDeviceValues()
     {
         Setup s("<Owner TYPE='EDITBOX' STRING='Owner' CURRENT='not_allowed;'/>");
@@ -353,8 +370,8 @@ private slots:
                 for (const auto* list : review->findChildren<QTreeWidget*>()) {
                     for (int i = 0; i < list->topLevelItemCount(); ++i) {
                         const QTreeWidgetItem* row = list->topLevelItem(i);
-                        rows << list->objectName() + ':' + row->text(0) + '|' + row->text(1) +
-                                    '|' + row->text(2);
+                        rows << list->objectName() + ':' + row->text(0) + '|' + row->text(1) + '|' +
+                                    row->text(2);
                     }
                 }
                 if (dontAsk)
@@ -399,7 +416,10 @@ private slots:
         QVERIFY(s.dialog.favoriteList->isVisible());
     }
 
-    void samplesNeedNoSidewaysScrolling_data() { addRows({"sample"}, {{"laser", "laser_mfp.xml"}, {"inkjet", "inkjet_mfp.xml"}}); }
+    void samplesNeedNoSidewaysScrolling_data()
+    {
+        addRows({"sample"}, {{"laser", "laser_mfp.xml"}, {"inkjet", "inkjet_mfp.xml"}});
+    }
     void samplesNeedNoSidewaysScrolling()
     {
         QFETCH(QString, sample);
