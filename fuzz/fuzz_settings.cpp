@@ -1,18 +1,22 @@
 // Arbitrary bytes through everything that reads documents the program does not control: the
-// DOM helper, the capability list, the settings reader, validation, the dependency
-// declarations, change documents and the translator.
+// DOM helper, the capability list, the settings reader, validation, every setting's control
+// (offscreen, so that the number conversions of spin boxes and sliders run on device values),
+// the dependency declarations, change documents and the translator.
 
 #include "app/Log.h"
 #include "elements/ConcreteElement.h"
+#include "elements/FactoryElement.h"
 #include "xml/CapabilityParser.h"
 #include "xml/DomParser.h"
 #include "xml/ElementType.h"
 #include "xml/SettingsParser.h"
 #include "xml/Translator.h"
 
+#include <QApplication>
 #include <QByteArray>
 #include <QFile>
 #include <QStringList>
+#include <QWidget>
 
 #include <cstddef>
 #include <cstdint>
@@ -34,6 +38,20 @@ bool validate(Element* element, void* data)
         walk->reportable.append(element->id());
     if (element->parentElement() && element->parentElement()->type() == etForm)
         walk->reportable.append(element->parentElement()->id());
+    return true;
+}
+
+// Each setting's control is built and fed its own value, then taken down again.
+bool showControl(Element* element, void* data)
+{
+    auto* panel = static_cast<QWidget*>(data);
+    if (!element->createControl(panel))
+        return true;
+    if (auto* factory = qobject_cast<FactoryElement*>(element))
+        factory->setControlValue(factory->current());
+    element->isValid();
+    element->deleteControl();
+    qDeleteAll(panel->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
     return true;
 }
 
@@ -69,6 +87,8 @@ void exerciseSettings(const QByteArray& bytes)
         return;
     Walk walk;
     parser.enumerateElements(validate, &walk);
+    QWidget panel;
+    parser.enumerateElements(showControl, &panel);
     // Every fourth input is also the local declaration file merged in front (the fuzz runs in
     // a scratch folder).
     const bool asDependencyFile = bytes.size() % 4 == 0;
@@ -99,6 +119,11 @@ void exerciseSettings(const QByteArray& bytes)
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
     logLevel = 0;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "fuzz_settings";
+    static char* argv[] = {name, nullptr};
+    new QApplication(argc, argv); // lives as long as the process
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     return 0;
 }

@@ -29,7 +29,9 @@ for target in "${targets[@]}"; do
   cp "$source_dir"/fuzz/corpus/* "$corpus"/
   echo "== $name for ${seconds}s"
   # The working folder holds no dependencies.xml, so runs do not depend on the caller's.
-  (cd "$work" && QT_QPA_PLATFORM=offscreen "$target" \
+  # Undefined behaviour ends the run like a crash, so that it is reported and kept.
+  (cd "$work" && QT_QPA_PLATFORM=offscreen UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
+      LSAN_OPTIONS="suppressions=$source_dir/fuzz/lsan.supp" "$target" \
       -max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -max_len=65536 \
       -dict="$source_dir/fuzz/settings.dict" -artifact_prefix="$artifacts/$name-" \
       -print_final_stats=1 "$corpus") || status=$?

@@ -32,6 +32,23 @@ Bitte diese Adresse verwenden:
     </message>
 </context>
 <context>
+    <name>ClearingQuestion</name>
+    <message>
+        <source>Clear settings</source>
+        <translation>Einstellungen leeren</translation>
+    </message>
+    <message>
+        <source>The printer&apos;s values of these settings could not be validated and are shown empty.
+Applying now clears them on the printer as well:</source>
+        <translation>Die Werte dieser Einstellungen im Drucker konnten nicht geprüft werden und werden leer angezeigt.
+Beim Übernehmen werden sie auch im Drucker geleert:</translation>
+    </message>
+    <message>
+        <source>Clear and apply</source>
+        <translation>Leeren und übernehmen</translation>
+    </message>
+</context>
+<context>
     <name>Configurator</name>
     <message>
         <source>Tavolor</source>
@@ -48,6 +65,17 @@ Bitte diese Adresse verwenden:
     <message>
         <source>Sending the settings to %1...</source>
         <translation>Einstellungen werden an %1 gesendet...</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceTask</name>
+    <message>
+        <source>Waiting for the printer to answer...</source>
+        <translation>Warten auf die Antwort des Druckers...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -443,6 +471,33 @@ Bitte einen anderen Wert angeben</translation>
     <message>
         <source>&amp;Close</source>
         <translation>S&amp;chließen</translation>
+    </message>
+</context>
+<context>
+    <name>TAVClient</name>
+    <message>
+        <source>The printer could not be reached.</source>
+        <translation>Der Drucker ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>The printer did not answer.</source>
+        <translation>Der Drucker hat nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>The printer stopped in the middle of its answer.</source>
+        <translation>Der Drucker hat mitten in seiner Antwort aufgehört.</translation>
+    </message>
+    <message>
+        <source>The printer took too long to answer; it was stopped.</source>
+        <translation>Die Antwort des Druckers dauerte zu lange; sie wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>The exchange was cancelled.</source>
+        <translation>Der Austausch wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>The printer&apos;s answer did not match the request.</source>
+        <translation>Die Antwort des Druckers passte nicht zur Anfrage.</translation>
     </message>
 </context>
 <context>

@@ -60,18 +60,28 @@ struct AutoPixmapCache
 };
 const AutoPixmapCache autoPixmapCache;
 
-std::unique_ptr<TAVClient> makeClient(const QString& devPath, const Capabilities* caps)
+std::unique_ptr<TAVClient> makeClient(const QString& devPath, const Capabilities* caps,
+                                      ExchangeProgress& progress)
 {
     auto client = std::make_unique<TAVClient>(devPath, caps);
     client->setTimings(kReadPollMs, kWritePollMs, kIdleLimitMs);
+    client->setProgress(&progress);
     return client;
 }
 
-// A change document that names no setting: nothing to send.
-bool reportsNothing(const QString& changes)
+// A change document that parses and names no setting: nothing to send.
+bool reportsNothing(const QDomDocument& changes)
 {
-    QDomDocument document;
-    return !document.setContent(changes) || document.documentElement().firstChildElement().isNull();
+    return changes.documentElement().firstChildElement().isNull();
+}
+
+// "/" and NUL cannot stand in a file name: a device name holding them still names a file
+// beside the program.
+QString fileNamePart(QString name)
+{
+    name.replace(QLatin1Char('/'), QLatin1Char('_'));
+    name.replace(QChar(0), QLatin1Char('_'));
+    return name;
 }
 
 } // namespace
@@ -101,7 +111,7 @@ QString Configurator::resolvePath(const QString& name) const
 
 QString Configurator::withDevName(const char* pattern) const
 {
-    return resolvePath(QString::fromLatin1(pattern).arg(devName));
+    return resolvePath(QString::fromLatin1(pattern).arg(fileNamePart(devName)));
 }
 
 Element* Configurator::rootElement() const
@@ -155,6 +165,7 @@ void Configurator::saveText(const QString& fileName, const QByteArray& text) con
 
 QString Configurator::readPrinterSettings()
 {
+    problem.clear();
     QString text;
     if (useLocal) {
         const QString path = resolvePath(QLatin1String(kLocalSpecification));
@@ -167,13 +178,16 @@ QString Configurator::readPrinterSettings()
     } else {
         const Capabilities* capabilities = &caps;
         const QString path = devPath;
+        TAVClient::Failure failure = TAVClient::Failure::None;
         DeviceTask::run(QCoreApplication::translate("Configurator", "Reading the settings of %1...")
                             .arg(devName),
-                        [&text, path, capabilities] {
-                            auto client = makeClient(path, capabilities);
+                        [&text, &failure, path, capabilities](ExchangeProgress& progress) {
+                            auto client = makeClient(path, capabilities, progress);
                             text = client->useIds() ? client->getSpecification_ids()
                                                     : client->getSpecification_tav();
+                            failure = client->failure();
                         });
+        problem = TAVClient::failureText(failure);
     }
     if (saveSpec)
         saveText(withDevName("./tav(%1).xml"), text.toLatin1());
@@ -211,7 +225,9 @@ void Configurator::applyTranslation()
     TAV_LOG(9, "TAV System locale: %s \n", qPrintable(locale));
     QString folder = resolvePath(QLatin1String(kTranslationFolder) + locale);
     TAV_LOG(9, "TAV folderName: %s \n", qPrintable(folder));
-    if (!QFileInfo(folder).isDir()) {
+    // No locale at all (one that is not installed) counts as an unknown language; its empty
+    // name would name the folder of all languages.
+    if (locale.isEmpty() || !QFileInfo(folder).isDir()) {
         locale = QStringLiteral("en");
         folder = resolvePath(QLatin1String(kTranslationFolder) + locale);
     }
@@ -233,21 +249,30 @@ bool Configurator::setPrinterSettings(const QString& id)
     if (saveSend)
         saveText(withDevName("./tav_send(%1).xml"), settingsParser.getChanges(id).toUtf8());
 
+    problem.clear();
     const QString changes = settingsParser.getChanges(id);
-    if (reportsNothing(changes)) {
+    QDomDocument document;
+    if (!document.setContent(changes)) {
+        TAV_LOG(9, "the change document does not parse: nothing sent");
+        return false;
+    }
+    if (reportsNothing(document)) {
         TAV_LOG(9, "nothing changed: no change document sent");
         return true;
     }
     bool accepted = false;
+    TAVClient::Failure failure = TAVClient::Failure::None;
     const Capabilities* capabilities = &caps;
     const QString path = devPath;
     DeviceTask::run(
         QCoreApplication::translate("Configurator", "Sending the settings to %1...").arg(devName),
-        [&accepted, &changes, path, capabilities] {
-            auto client = makeClient(path, capabilities);
+        [&accepted, &failure, &changes, path, capabilities](ExchangeProgress& progress) {
+            auto client = makeClient(path, capabilities, progress);
             accepted = client->useIds() ? client->setChanges_ids(changes)
                                         : client->setChanges_tav(changes);
+            failure = client->failure();
         });
+    problem = TAVClient::failureText(failure);
     return accepted;
 }
 

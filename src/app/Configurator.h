@@ -34,6 +34,9 @@ public:
     QString deviceName() const { return devName; }
     // A local file name resolved against the program folder.
     QString resolvePath(const QString& name) const;
+    // Why the last exchange with the printer failed, in words for the user; empty when it
+    // did not fail or the reason is unknown.
+    const QString& exchangeProblem() const { return problem; }
 
 public slots:
     virtual bool applySettings(const QString& id);
@@ -66,4 +69,5 @@ private:
     bool saveSpec;
     bool saveNew;
     Capabilities caps;
+    QString problem;
 };

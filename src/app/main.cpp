@@ -35,6 +35,15 @@ void changeToExecutableFolder()
     TAV_LOG(9, "QDir::currentDirPath=<%s>", QFile::encodeName(QDir::currentPath()).constData());
 }
 
+void reportNoSettings(const QString& reason)
+{
+    const QString text = QCoreApplication::translate("main", "Cannot get printer settings!");
+    TAV_LOG(9, "%s", qPrintable(text));
+    QMessageBox box(QMessageBox::Critical, QCoreApplication::translate("main", "Error"), text);
+    box.setInformativeText(reason);
+    box.exec();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -66,7 +75,14 @@ int main(int argc, char** argv)
 
     // Resolved before the working directory changes: a relative argv[0] names the program
     // from where it was started.
-    const QString programDir = programDirFromArgument(argv[0], qgetenv("PATH"));
+    QString programDir = programDirFromArgument(argv[0], qgetenv("PATH"));
+    if (programDir.isEmpty()) {
+        // Started under another name (exec -a) or from outside PATH: the executable's own
+        // folder, rather than paths resolved under "/".
+        programDir = QFileInfo(applicationFilePath()).absolutePath();
+        TAV_LOG(9, "the program folder is not found from <%s>; using <%s>", argv[0],
+                QFile::encodeName(programDir).constData());
+    }
 
     TAV_LOG(9, "Qt version: build: <%x> run: <%s>", QT_VERSION, qVersion());
     changeToExecutableFolder();
@@ -80,15 +96,13 @@ int main(int argc, char** argv)
         settings.has(QStringLiteral("save_tav_send")), settings.has(QStringLiteral("save_tav")),
         settings.has(QStringLiteral("save_new_tav")));
 
-    if (!configurator.getPrinterSettings()) {
-        TAV_LOG(9, "%s",
-                qPrintable(QCoreApplication::translate("main", "Cannot get printer settings!")));
-        QMessageBox::critical(nullptr, QCoreApplication::translate("main", "Error"),
-                              QCoreApplication::translate("main", "Cannot get printer settings!"));
-        QCoreApplication::exit(1);
-    }
+    const bool settingsRead = configurator.getPrinterSettings() != nullptr;
+    if (!settingsRead)
+        reportNoSettings(configurator.exchangeProblem());
 
     SettingsDialog dialog(nullptr);
     dialog.initialize(&configurator, args.at(2));
-    return dialog.exec();
+    const int result = dialog.exec();
+    // No event loop runs before the dialog's, so an exit request made here would be lost.
+    return settingsRead ? result : 1;
 }

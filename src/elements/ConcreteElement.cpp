@@ -41,6 +41,11 @@ bool ConcreteElement::matchesPattern(const QString& pattern, const QString& text
     return it->isValid() && it->match(text).hasMatch();
 }
 
+QString ConcreteElement::shownName() const
+{
+    return QStringLiteral("%1 (%2)").arg(title(), id());
+}
+
 QString ConcreteElement::displayValue() const
 {
     return _current;
@@ -90,6 +95,7 @@ void ConcreteElement::valueChange(const QString& text)
     TAV_TRACE(10, "'%s' -> '%s' for:\n%s", qPrintable(_current), qPrintable(text),
               qPrintable(toString()));
     _current = text;
+    _emptiedAtLoad = false; // the user's own value now
     emit valueChanged(_current);
     checkDependencies();
 }
@@ -100,6 +106,7 @@ bool acceptChanges(Element* element, void*)
     if (!concrete)
         return true;
     concrete->setInitial(concrete->current());
+    concrete->confirmClearing();
     TAV_TRACE(10, "id: %s\n\tvalue: %s\n\tinit: %s", qPrintable(concrete->id()),
               qPrintable(concrete->current()), qPrintable(concrete->initial()));
     return true;

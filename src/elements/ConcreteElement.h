@@ -22,6 +22,14 @@ public:
     void setInitial(const QString& value);
     bool isChanged() const { return _current != _initial; }
 
+    // A value read from the device that its own pattern rejects is shown empty. That empty
+    // value goes to the device only once the user edits the setting or confirms clearing it.
+    void markEmptiedAtLoad() { _emptiedAtLoad = true; }
+    bool isClearingPending() const { return _emptiedAtLoad && isChanged(); }
+    void confirmClearing() { _emptiedAtLoad = false; }
+    // The title as shown, with the id in parentheses: "Department (Dept)".
+    QString shownName() const;
+
     QString validationPattern() const { return _pattern; }
     void setValidationPattern(const QString& pattern) { _pattern = pattern; }
     // Whole-text, case-sensitive match; an empty pattern matches everything.
@@ -46,6 +54,7 @@ private:
     QString _current;
     QString _initial;
     QString _pattern;
+    bool _emptiedAtLoad = false;
 };
 
 // Visitors for a subtree walk. Both always go on; elements without a value are passed over.

@@ -7,7 +7,10 @@ DoubleValidator::DoubleValidator(double bottom, double top, int decimals, QObjec
     : QDoubleValidator(bottom, top, decimals, parent)
 {
     setNotation(QDoubleValidator::StandardNotation);
-    setLocale(QLocale::c());
+    // A group separator is refused while typing rather than read into another number.
+    QLocale c = QLocale::c();
+    c.setNumberOptions(QLocale::RejectGroupSeparator);
+    setLocale(c);
 }
 
 void DoubleValidator::fixup(QString& text) const

@@ -52,6 +52,10 @@ QString EditValidator::escapeSpecialChars(const QString& charset)
     QString adjusted = charset;
     for (const QChar special : QStringLiteral("\\[]^-"))
         adjusted.replace(special, QString(QLatin1Char('\\')) + special);
+    // A class that begins with ":", "." or "=" is read as a POSIX class ("[:abc:]"), which the
+    // expression engine refuses; escaped, the character is taken as itself.
+    if (!adjusted.isEmpty() && QStringLiteral(":.=").contains(adjusted.front()))
+        adjusted.prepend(QLatin1Char('\\'));
     TAV_TRACE(11, "adjusted charset=<%s>", qPrintable(adjusted));
     return adjusted;
 }
@@ -112,6 +116,9 @@ void EditValidator::_setupValidator(ConcreteElement* element, const QDomElement&
 
     element->setValidationPattern(pattern);
     const QString asRead = element->current();
-    element->setCurrent(ConcreteElement::matchesPattern(pattern, asRead) ? asRead : QString(""));
+    const bool fits = ConcreteElement::matchesPattern(pattern, asRead);
+    element->setCurrent(fits ? asRead : QString(""));
     element->setInitial(asRead);
+    if (!fits)
+        element->markEmptiedAtLoad();
 }

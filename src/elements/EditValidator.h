@@ -16,7 +16,8 @@ public:
     static void _setupValidator(ConcreteElement* element, const QDomElement& node,
                                 const QString& defaultPattern);
 
-    // Backslash, "[", "]", "^" and "-" escaped for use inside a character class.
+    // Backslash, "[", "]", "^" and "-" escaped for use inside a character class, and a
+    // leading ":", "." or "=", so that any set is taken literally.
     static QString escapeSpecialChars(const QString& charset);
 
     // The 95 printable ASCII characters, space to tilde.

@@ -1,6 +1,7 @@
 #include "elements/FloatElement.h"
 
 #include "elements/ControlBox.h"
+#include "elements/DeviceNumber.h"
 #include "elements/FloatSpinBox.h"
 #include "elements/TraceLog.h"
 #include "xml/ElementType.h"
@@ -54,8 +55,29 @@ int FloatElement::decimals() const
 
 double FloatElement::decimalStep() const
 {
-    const double step = this->step().toDouble();
+    const double step = DeviceNumber::decimal(this->step()).value_or(0.0);
     return step == 0.0 ? 1.0 / std::pow(10.0, decimals()) : step;
+}
+
+double FloatElement::decimalBottom() const
+{
+    return DeviceNumber::decimal(min()).value_or(-HUGE_VAL);
+}
+
+double FloatElement::decimalTop() const
+{
+    return DeviceNumber::decimal(max()).value_or(HUGE_VAL);
+}
+
+bool FloatElement::holdsValue() const
+{
+    if (current().trimmed().isEmpty())
+        return true;
+    const std::optional<double> value = DeviceNumber::decimal(current());
+    if (!value)
+        return false;
+    const int shown = FloatSpinBox::fittingDigits(decimalBottom(), decimalTop(), decimals());
+    return FloatSpinBox::holds(*value, std::pow(10.0, shown));
 }
 
 QWidget* FloatElement::createControl(QWidget* parent)
@@ -64,7 +86,7 @@ QWidget* FloatElement::createControl(QWidget* parent)
     QWidget* box = ControlBox::create(parent, title(), Qt::AlignRight | Qt::AlignVCenter);
     const double step = decimalStep();
     TAV_TRACE(11, "FloatElement::createControl(): step = %f", step);
-    auto* spin = new FloatSpinBox(min().toDouble(), max().toDouble(), step, decimals(), box);
+    auto* spin = new FloatSpinBox(decimalBottom(), decimalTop(), step, decimals(), box);
     spin->setDecimalValue(current().trimmed().toDouble());
     connect(spin, SIGNAL(spinChanged(const QString&)), this, SLOT(valueChange(const QString&)));
     wireLimits();
@@ -92,7 +114,7 @@ void FloatElement::applyLimits()
     if (!spin)
         return;
     const QSignalBlocker blocker(spin);
-    spin->setDecimalLimits(min().toDouble(), max().toDouble(), decimalStep(), decimals());
+    spin->setDecimalLimits(decimalBottom(), decimalTop(), decimalStep(), decimals());
     spin->setDecimalValue(current().trimmed().toDouble());
 }
 
@@ -107,13 +129,19 @@ bool FloatElement::isValid()
 {
     TAV_TRACE(11, "FloatElement::isValid() for '%s'", qPrintable(id()));
     if (type() == etFloat) {
+        if (!holdsValue()) {
+            TAV_LOG(9, "Warning: '%s' of <%s> is not a number the setting can hold",
+                    qPrintable(current()), qPrintable(id()));
+            if (isEnabled())
+                return false;
+        }
         const double value = current().trimmed().toDouble();
         bool outside = false;
-        if (value < min().toDouble()) {
+        if (value < decimalBottom()) {
             TAV_LOG(10, "FloatElement::isValid(): current < min. New current=%s",
                     qPrintable(current()));
             outside = true;
-        } else if (value > max().toDouble()) {
+        } else if (value > decimalTop()) {
             TAV_LOG(10, "FloatElement::isValid(): current > max. New current=%s",
                     qPrintable(current()));
             outside = true;

@@ -3,7 +3,8 @@
 #include "elements/NumericElement.h"
 
 // A decimal setting: limits, step and the number of decimals shown. Out-of-range values are
-// reported when validated and left for the spin box to correct.
+// reported when validated and left for the spin box to correct; "nan", "inf" and numbers the
+// spin box cannot hold are refused, never sent in another form.
 class FloatElement : public NumericElement
 {
     Q_OBJECT
@@ -26,6 +27,9 @@ public:
     int decimals() const;
     // STEP as a decimal; zero or missing gives 1 / 10^decimals.
     double decimalStep() const;
+    // MIN and MAX as decimals; infinite (no limit) when missing or not a number.
+    double decimalBottom() const;
+    double decimalTop() const;
 
 public slots:
     void minChange(const QString& value) override;
@@ -41,5 +45,8 @@ protected:
     void connectLimitSignals() override;
 
 private:
+    // False for a value that is no finite decimal, or one the spin box cannot hold.
+    bool holdsValue() const;
+
     QString _digits;
 };

@@ -11,7 +11,7 @@ class IntValidator : public QIntValidator
 public:
     IntValidator(int bottom, int top, QObject* parent = nullptr);
 
-    // Below the bottom: the bottom; above the top: the top; otherwise unchanged. Text that is
-    // not a number counts as 0.
+    // Below the bottom: the bottom; above the top: the top; otherwise unchanged. Empty text
+    // counts as 0; other text that is not a number stays as it is.
     void fixup(QString& text) const override;
 };

@@ -1,6 +1,7 @@
 #include "elements/SliderElement.h"
 
 #include "elements/ControlBox.h"
+#include "elements/DeviceNumber.h"
 #include "elements/TraceLog.h"
 
 #include <QDomElement>
@@ -10,6 +11,9 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
+#include <climits>
+#include <cmath>
+
 namespace {
 
 const QString kColumnName = QStringLiteral("sliderColumn");
@@ -18,6 +22,8 @@ const QString kPlusName = QStringLiteral("plusLabel");
 const QString kValueName = QStringLiteral("valueLabel");
 const QString kColorMarkName = QStringLiteral("colorMarkLabel");
 constexpr int kColorMarkHeight = 6;
+// More columns than this are more than a screen shows.
+constexpr int kMarkColumns = 1024;
 
 QLabel* namedLabel(QWidget* box, const QString& name)
 {
@@ -55,21 +61,40 @@ QList<SliderElement::ColorMarker> SliderElement::parseColorMarkers(const QString
     return markers;
 }
 
+qint64 SliderElement::lowest() const
+{
+    return DeviceNumber::saturated(lowerLimit().value_or(0));
+}
+
+qint64 SliderElement::highest() const
+{
+    return DeviceNumber::saturated(upperLimit().value_or(0));
+}
+
+qint64 SliderElement::stride() const
+{
+    // Both ends lie in the int range, so the span fits in 64 bits.
+    const qint64 unit = stepOf(step());
+    const qint64 steps = qMax<qint64>(0, highest() - lowest()) / unit;
+    return unit * (steps / INT_MAX + 1);
+}
+
 int SliderElement::positionCount() const
 {
-    const int span = toInt(max()) - toInt(min());
-    return span > 0 ? span / stepOf(step()) + 1 : 1;
+    return int(qMax<qint64>(0, highest() - lowest()) / stride() + 1);
 }
 
-int SliderElement::positionOf(int value) const
+int SliderElement::positionOf(qint64 value) const
 {
-    const double steps = double(value - toInt(min())) / stepOf(step());
-    return qBound(0, qRound(steps), positionCount() - 1);
+    const double steps = double(value - lowest()) / double(stride());
+    if (!(steps > 0))
+        return 0;
+    return int(qMin<double>(std::floor(steps + 0.5), positionCount() - 1));
 }
 
-int SliderElement::valueAt(int position) const
+qint64 SliderElement::valueAt(int position) const
 {
-    return toInt(min()) + position * stepOf(step());
+    return lowest() + qint64(position) * stride();
 }
 
 QColor SliderElement::colorAt(double value) const
@@ -87,12 +112,14 @@ QColor SliderElement::colorAt(double value) const
 
 QPixmap SliderElement::colorMarkPixmap() const
 {
-    const int columns = positionCount();
+    const int positions = positionCount();
+    const int columns = qMin(positions, kMarkColumns);
     QPixmap pixmap(columns, 1);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     for (int x = 0; x < columns; ++x) {
-        const QColor color = colorAt(valueAt(x));
+        const qint64 position = columns > 1 ? qint64(x) * (positions - 1) / (columns - 1) : 0;
+        const QColor color = colorAt(double(valueAt(int(position))));
         if (color.isValid())
             painter.fillRect(x, 0, 1, 1, color);
     }
@@ -138,7 +165,7 @@ QWidget* SliderElement::createControl(QWidget* parent)
     applyLimits();
     // The value label follows the slider also when the value is set from outside.
     connect(slider, &QSlider::valueChanged, shown,
-            [this, shown](int position) { shown->setNum(valueAt(position)); });
+            [this, shown](int position) { shown->setText(QString::number(valueAt(position))); });
     connect(slider, SIGNAL(valueChanged(int)), this, SLOT(onClick()));
     wireLimits();
     checkConstraints(nullptr, true);
@@ -157,7 +184,7 @@ void SliderElement::setControlValue(const QString& value)
 {
     if (auto* slider = qobject_cast<QSlider*>(control())) {
         disconnect(slider, SIGNAL(valueChanged(int)), this, SLOT(onClick()));
-        slider->setValue(positionOf(toInt(value)));
+        slider->setValue(positionOf(DeviceNumber::integer(value).value_or(0)));
         connect(slider, SIGNAL(valueChanged(int)), this, SLOT(onClick()));
     }
     BoundaryElement::setControlValue(value);
@@ -172,7 +199,7 @@ void SliderElement::applyLimits()
         const QSignalBlocker blocker(slider);
         slider->setRange(0, positionCount() - 1);
         slider->setPageStep(qMax(1, positionCount() / 10));
-        slider->setValue(positionOf(toInt(current())));
+        slider->setValue(positionOf(DeviceNumber::integer(current()).value_or(0)));
     }
     updateLabels();
 }
@@ -181,11 +208,11 @@ void SliderElement::updateLabels()
 {
     QWidget* box = ControlBox::boxOf(control() ? control()->parentWidget() : nullptr);
     if (QLabel* minus = namedLabel(box, kMinusName))
-        minus->setNum(toInt(min()));
+        minus->setText(QString::number(lowest()));
     if (QLabel* plus = namedLabel(box, kPlusName))
-        plus->setNum(toInt(max()));
+        plus->setText(QString::number(highest()));
     if (QLabel* shown = namedLabel(box, kValueName))
-        shown->setNum(valueAt(static_cast<QSlider*>(control())->value()));
+        shown->setText(QString::number(valueAt(static_cast<QSlider*>(control())->value())));
     if (QLabel* marks = namedLabel(box, kColorMarkName))
         marks->setPixmap(colorMarkPixmap());
 }

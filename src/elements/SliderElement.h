@@ -38,10 +38,12 @@ public:
     void deleteControl() override;
     void setControlValue(const QString& value) override;
 
-    // Slider positions count steps from MIN; values between steps go to the nearest one.
+    // Slider positions count steps from MIN; values between steps go to the nearest one. A
+    // range of more positions than a slider has moves in a multiple of STEP instead. A
+    // missing limit counts as 0, its ends as far as an int reaches.
     int positionCount() const;
-    int positionOf(int value) const;
-    int valueAt(int position) const;
+    int positionOf(qint64 value) const;
+    qint64 valueAt(int position) const;
     // The colour the markers give to a value; invalid where no marker reaches.
     QColor colorAt(double value) const;
 
@@ -52,7 +54,12 @@ protected:
     void applyLimits() override;
 
 private:
-    // Paints the marker colours across the range, one column per slider position.
+    qint64 lowest() const;
+    qint64 highest() const;
+    // STEP, or the multiple of it that keeps the positions within the slider's int.
+    qint64 stride() const;
+    // Paints the marker colours across the range, one column per slider position (at most
+    // kMarkColumns, sampled evenly).
     QPixmap colorMarkPixmap() const;
     void updateLabels();
 

@@ -30,9 +30,14 @@ void SpinBox::setLimits(int bottom, int top, int step)
         ints->setRange(minimum(), maximum());
 }
 
-void SpinBox::textChanged(const QString& text)
+QString SpinBox::deviceText(int value) const
 {
-    emit spinChanged(text);
+    return QString::number(value);
+}
+
+void SpinBox::textChanged(const QString&)
+{
+    emit spinChanged(deviceText(value()));
 }
 
 QValidator::State SpinBox::validate(QString& text, int& pos) const

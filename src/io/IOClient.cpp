@@ -13,6 +13,10 @@
 namespace {
 
 constexpr int kWakeupTimeoutMs = 5000;
+// Stale input is dropped in pieces of this size, and no more than kMaxDiscarded bytes of it: a
+// device that never stops sending cannot hold the exchange here.
+constexpr qint64 kDiscardChunk = 4096;
+constexpr qint64 kMaxDiscarded = 64 * 1024 * 1024;
 
 int openFlags(QIODevice::OpenMode mode)
 {
@@ -103,10 +107,36 @@ qint64 IOClient::readBlock(char* data, qint64 length)
         readPollUs == -1
             ? (setNonBlocking(false), read(data, length))
             : polled(false, readPollUs, [&](int fd) { return ::read(fd, data, size_t(length)); });
+    logReceived(data, received);
+    return received;
+}
+
+qint64 IOClient::readPending(char* data, qint64 length)
+{
+    const qint64 received =
+        polled(false, 0, [&](int fd) { return ::read(fd, data, size_t(length)); });
+    logReceived(data, received);
+    return received;
+}
+
+void IOClient::logReceived(const char* data, qint64 received)
+{
     if (received > 0 && logLevel >= 11)
         TAV_LOG(11, "I/O: HOST<FW: %s [%d bytes]", qPrintable(hexText(data, int(received))),
                 int(received));
-    return received;
+}
+
+qint64 IOClient::discardPendingInput()
+{
+    char buffer[kDiscardChunk];
+    qint64 dropped = 0;
+    qint64 received = 0;
+    while (dropped < kMaxDiscarded && (received = readPending(buffer, kDiscardChunk)) > 0)
+        dropped += received;
+    if (dropped > 0)
+        TAV_LOG(9, "discarded %lld bytes that the device sent before this request",
+                static_cast<long long>(dropped));
+    return dropped;
 }
 
 // One non-blocking transfer that waits up to `microseconds` for the device when it is not
@@ -212,35 +242,6 @@ TransferResult IOClient::transferWithin(uint32_t length, int limitMs, const Bloc
     return result;
 }
 
-TransferResult IOClient::transferWhileMoving(uint32_t length, int idleMs, const BlockStep& step)
-{
-    if (idleMs == -1)
-        return transferWithin(length, -1, step);
-    TransferResult result;
-    QElapsedTimer clock;
-    QElapsedTimer idle;
-    clock.start();
-    idle.start();
-    while (result.size < length) {
-        if (idle.elapsed() >= idleMs) {
-            result.elapsed = millisecondsOf(clock);
-            return result;
-        }
-        const qint64 moved = step(result.size);
-        if (moved < 0) {
-            result.elapsed = millisecondsOf(clock);
-            return result;
-        }
-        if (moved > 0) {
-            result.size += uint32_t(moved);
-            idle.restart();
-        }
-    }
-    result.elapsed = millisecondsOf(clock);
-    result.ok = true;
-    return result;
-}
-
 TransferResult IOClient::writeWithLimit(const char* data, uint32_t length, int limitMs)
 {
     return transferWithin(length, limitMs, [&](uint32_t done) {
@@ -281,6 +282,7 @@ TransferResult IOClient::command(const char* writeData, uint32_t writeLength, ch
         return result;
     }
 
+    discardPendingInput();
     QElapsedTimer clock;
     clock.start();
     result = writeWithLimit(writeData, writeLength, limitMs);

@@ -31,6 +31,14 @@ public:
 
     qint64 writeBlock(const char* data, qint64 length);
     qint64 readBlock(char* data, qint64 length);
+    // Reads what the device has sent already, without waiting: 0 when nothing is waiting, -1
+    // when the read failed or the device went away. Another data channel reads its own way.
+    virtual qint64 readPending(char* data, qint64 length);
+
+    // Reads and drops whatever the device sent that nobody read, such as the late reply to an
+    // exchange that gave up waiting, so that the next reply read answers the next request.
+    // Logs and returns the number of bytes dropped.
+    qint64 discardPendingInput();
 
     // Transfer exactly `length` bytes. A limit of -1 waits for ever; otherwise the transfer
     // fails once `limitMs` milliseconds have passed. A failing block operation (the device
@@ -38,7 +46,8 @@ public:
     virtual TransferResult writeWithLimit(const char* data, uint32_t length, int limitMs);
     virtual TransferResult readWithLimit(char* data, uint32_t length, int limitMs);
 
-    // Wakes the device, writes the request and reads `readLength` bytes of response.
+    // Wakes the device, drops unread input, writes the request and reads `readLength` bytes of
+    // response.
     TransferResult command(const char* writeData, uint32_t writeLength, char* readBuffer,
                            uint32_t readLength, int limitMs);
 
@@ -62,9 +71,6 @@ protected:
     virtual int limitLeftForRead(int limitMs, uint32_t elapsedMs) const;
 
     static TransferResult transferWithin(uint32_t length, int limitMs, const BlockStep& step);
-    // Like transferWithin, but `idleMs` bounds the time without progress: every byte moved
-    // starts the clock again, so a long transfer that keeps moving is never cut off.
-    static TransferResult transferWhileMoving(uint32_t length, int idleMs, const BlockStep& step);
 
 private:
     static constexpr qint64 kWouldBlock = -2;
@@ -76,6 +82,7 @@ private:
     qint64 nonBlocking(const std::function<qint64(int fd)>& operation) const;
     bool setNonBlocking(bool on) const;
     static void logResult(const char* what, const TransferResult& result);
+    static void logReceived(const char* data, qint64 received);
 
     QString path;
     int readPollUs = -1;

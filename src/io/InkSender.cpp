@@ -62,6 +62,7 @@ InkSender::Outcome InkSender::sendAndWait(const QByteArray& block, int limitMs) 
     IOClient client(devicePath);
     if (!openClient(client, QIODevice::ReadWrite))
         return Outcome::CannotOpen;
+    client.discardPendingInput(); // the verdict read next is this block's
     if (!writePadded(client, block)) {
         client.close();
         return Outcome::WriteFailed;

@@ -58,7 +58,7 @@ QTreeWidget* ChangeReview::addList(const QString& heading, bool cleared,
 {
     QList<QTreeWidgetItem*> rows;
     for (const Change& change : changes) {
-        if (clears(change) != cleared)
+        if (change.clears != cleared)
             continue;
         // Item texts are never interpreted as markup.
         rows << new QTreeWidgetItem(

@@ -20,6 +20,8 @@ public:
         QString group;
         QString before;
         QString after;
+        // Sent without a value: listed apart.
+        bool clears = false;
     };
 
     ChangeReview(const QString& model, const QList<Change>& changes, QWidget* parent = nullptr);
@@ -30,9 +32,6 @@ public:
 
     // Shows the review unless it is turned off; true when the changes may be sent.
     static bool confirm(const QString& model, const QList<Change>& changes, QWidget* parent);
-
-    // A change whose new value is empty clears the setting.
-    static bool clears(const Change& change) { return change.after.isEmpty(); }
 
 private:
     QTreeWidget* addList(const QString& heading, bool cleared, const QList<Change>& changes);

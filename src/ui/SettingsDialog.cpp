@@ -10,6 +10,7 @@
 #include "elements/FormElement.h"
 #include "elements/SecretSetting.h"
 #include "ui/ChangeReview.h"
+#include "ui/ClearingQuestion.h"
 #include "ui/DialogMemory.h"
 #include "ui/HelpViewer.h"
 #include "ui/SettingsViewItem.h"
@@ -50,8 +51,17 @@ bool countWrongSettings(Element* element, void* data)
     if (concrete && concrete->current() != concrete->initial()) {
         TAV_LOG(9, "id='%s' initial='%s' current='%s'", qPrintable(concrete->id()),
                 qPrintable(concrete->initial()), qPrintable(concrete->current()));
-        *static_cast<QString*>(data) += concrete->id() + QLatin1Char('\n');
+        *static_cast<QString*>(data) += concrete->shownName() + QLatin1Char('\n');
     }
+    return true;
+}
+
+// The enabled settings whose emptied value waits for the user's word before it is sent.
+bool collectPendingClearing(Element* element, void* data)
+{
+    auto* concrete = qobject_cast<ConcreteElement*>(element);
+    if (concrete && concrete->isEnabled() && concrete->isClearingPending())
+        static_cast<QList<ConcreteElement*>*>(data)->append(concrete);
     return true;
 }
 
@@ -99,6 +109,7 @@ struct ReviewSearch
 {
     const QHash<const Element*, QString>* shown;
     QList<ChangeReview::Change> changes;
+    QList<ConcreteElement*> clearing;
 };
 
 // The group a setting is listed under: a control standing for its parent's row belongs to the
@@ -119,7 +130,11 @@ bool collectChange(Element* element, void* data)
     auto* search = static_cast<ReviewSearch*>(data);
     ChangeReview::Change change{concrete->title(), groupTitle(concrete),
                                 search->shown->value(concrete, concrete->initial()),
-                                concrete->displayValue()};
+                                concrete->displayValue(), concrete->displayValue().isEmpty()};
+    if (concrete->isEnabled() && concrete->isClearingPending()) {
+        search->clearing << concrete;
+        change.clears = true;
+    }
     if (SecretSetting::isSecret(concrete)) {
         const QString mask = QString::fromUtf8(SecretSetting::mask());
         change.before = change.before.isEmpty() ? QString() : mask;
@@ -282,10 +297,17 @@ void SettingsDialog::recordDeviceValues()
 
 bool SettingsDialog::reviewChanges(Element* under)
 {
-    ReviewSearch search{&_deviceShown, {}};
+    // Without the review, emptied values still need the user's word before they are cleared.
+    if (!ChangeReview::isWanted())
+        return confirmClearing(under);
+    ReviewSearch search{&_deviceShown, {}, {}};
     if (under)
         under->iterateElements(collectChange, &search);
-    return ChangeReview::confirm(_devName, search.changes, this);
+    if (!ChangeReview::confirm(_devName, search.changes, this))
+        return false;
+    for (ConcreteElement* element : std::as_const(search.clearing))
+        element->confirmClearing();
+    return true;
 }
 
 // Bold rows for the changed settings and the groups that hold them; the count beside Apply.
@@ -420,10 +442,12 @@ bool SettingsDialog::sendChanges(const QString& id)
     const bool accepted = _configurator->applySettings(id);
     QApplication::restoreOverrideCursor();
     if (!accepted) {
+        const QString reason = _configurator->exchangeProblem();
         QMessageBox::critical(this, tr("Error"),
                               tr("The printer did not accept the changes, or could not be "
                                  "reached.\nYour changes are kept: check the printer and "
-                                 "try again."));
+                                 "try again.") +
+                                  (reason.isEmpty() ? QString() : QLatin1String("\n\n") + reason));
     }
     return accepted;
 }
@@ -537,6 +561,23 @@ void SettingsDialog::applyBtn_clicked()
     leadTo(invalid);
 }
 
+bool SettingsDialog::confirmClearing(Element* under)
+{
+    QList<ConcreteElement*> pending;
+    if (under)
+        under->iterateElements(collectPendingClearing, &pending);
+    if (pending.isEmpty())
+        return true;
+    QStringList names;
+    for (const ConcreteElement* element : std::as_const(pending))
+        names.append(element->shownName());
+    if (!ClearingQuestion::confirm(names, this))
+        return false;
+    for (ConcreteElement* element : std::as_const(pending))
+        element->confirmClearing();
+    return true;
+}
+
 void SettingsDialog::leadTo(Element* element)
 {
     if (FormElement* form = enclosingForm(element)) {
@@ -640,17 +681,34 @@ void SettingsDialog::paramList_activated(QTreeWidgetItem* current)
 }
 
 // Tab runs from the parameter tree through the panel's controls to the dialog buttons.
+// New controls join the end of the window's focus chain in the order they were made, which is
+// the panel's order. So rather than placing each of them (every placement walks the chain,
+// which made a large group quadratic), the widgets between the parameter list and the first
+// control move behind the last control, the help button first, as before.
 void SettingsDialog::chainPanelFocus()
 {
-    QWidget* previous = paramList;
-    const auto widgets = _panel->findChildren<QWidget*>();
-    for (QWidget* w : widgets) {
-        if (!(w->focusPolicy() & Qt::TabFocus) || w->focusProxy())
-            continue;
-        QWidget::setTabOrder(previous, w);
-        previous = w;
+    const auto inPanel = [this](QWidget* w) { return w != _panel && _panel->isAncestorOf(w); };
+    QList<QWidget*> following{helpBtn};
+    QWidget* first = nullptr;
+    for (QWidget* w = paramList->nextInFocusChain(); w != paramList && !first;
+         w = w->nextInFocusChain()) {
+        if (inPanel(w))
+            first = w;
+        else if (w != helpBtn && (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy() &&
+                 !paramList->isAncestorOf(w) && w->window() == this)
+            following.append(w);
     }
-    QWidget::setTabOrder(previous, helpBtn);
+    if (!first) {
+        QWidget::setTabOrder(paramList, helpBtn);
+        return;
+    }
+    QWidget* last = first;
+    while (inPanel(last->nextInFocusChain()))
+        last = last->nextInFocusChain();
+    for (QWidget* w : std::as_const(following)) {
+        QWidget::setTabOrder(last, w);
+        last = w;
+    }
 }
 
 void SettingsDialog::showGroupOf(Element* element)

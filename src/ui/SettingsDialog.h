@@ -77,6 +77,9 @@ private:
     void clearPanel();
     void chainPanelFocus();
     void leadTo(Element* element);
+    // Asks before values emptied at load are cleared on the device; false when the user
+    // keeps them (nothing is sent then).
+    bool confirmClearing(Element* under);
     // Sends the changes of id (all changes when empty); tells the user when the printer
     // does not take them. True when sent and accepted.
     bool sendChanges(const QString& id);

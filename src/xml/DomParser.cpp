@@ -4,6 +4,8 @@
 
 #include <QFile>
 #include <QIODevice>
+#include <QRegularExpression>
+#include <QStringDecoder>
 #include <QTextStream>
 #include <QXmlStreamReader>
 
@@ -140,11 +142,32 @@ bool DomParser::parse(const QByteArray& data)
     QString error;
     int line = 0;
     int column = 0;
-    if (!doc.setContent(data, &error, &line, &column)) {
-        TAV_LOG(10, "XML parse error at %d:%d: %s", line, column, qPrintable(error));
-        return false;
+    if (doc.setContent(data, &error, &line, &column))
+        return true;
+    // An 8-bit device text does not always hold what it declares: bytes that are not valid in
+    // its encoding are read one character each, as Latin-1.
+    const QByteArray encoding = declaredEncoding(data);
+    QStringDecoder decoder(encoding.constData());
+    if (decoder.isValid()) {
+        const QString decoded = decoder.decode(data);
+        if (decoder.hasError()) {
+            TAV_LOG(9, "the document holds bytes that are not valid %s; read as Latin-1",
+                    encoding.constData());
+            if (doc.setContent(QString::fromLatin1(data), &error, &line, &column))
+                return true;
+        }
     }
-    return true;
+    TAV_LOG(10, "XML parse error at %d:%d: %s", line, column, qPrintable(error));
+    return false;
+}
+
+QByteArray DomParser::declaredEncoding(const QByteArray& data)
+{
+    static const QRegularExpression declaration(
+        QStringLiteral("^\\s*<\\?xml[^>]*\\sencoding\\s*=\\s*[\"']([A-Za-z0-9._-]+)[\"']"));
+    const QRegularExpressionMatch match =
+        declaration.match(QString::fromLatin1(data.left(kDeclarationBytes)));
+    return match.hasMatch() ? match.captured(1).toLatin1() : QByteArrayLiteral("UTF-8");
 }
 
 void DomParser::save(const QString& fileName)

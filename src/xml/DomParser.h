@@ -62,6 +62,11 @@ protected:
     bool valid = false;
 
 private:
+    // The XML declaration stands within this many bytes of the start.
+    static constexpr qsizetype kDeclarationBytes = 256;
+
+    // The encoding the XML declaration names; UTF-8 when it names none.
+    static QByteArray declaredEncoding(const QByteArray& data);
     static int quickNestingDepth(const QByteArray& data);
     static QString nestingRefusal();
 };

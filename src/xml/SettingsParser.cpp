@@ -347,6 +347,10 @@ bool SettingsParser::changeVisitor(Element* element, void* context)
         return true;
     if (concrete->current() == concrete->initial())
         return true;
+    if (concrete->isClearingPending()) {
+        TAV_LOG(10, "<%s> emptied at load and not confirmed: not sent", qPrintable(concrete->id()));
+        return true;
+    }
     parser->appendDescription(concrete);
     return true;
 }

@@ -13,6 +13,8 @@
 #include <QDomDocument>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QtTest>
@@ -133,6 +135,80 @@ private slots:
         element->hide();
         QCOMPARE(probe.calls, QStringList({"elementChanged:" + stored,
                                            "elementReset:", "changeVisibility:false"}));
+    }
+
+    // Each row: the setting after "<S TYPE='", the locale, the user's edit ("key <key>", or
+    // "type <text>" over the selected text) and what the next Apply sends for the setting: its
+    // CURRENT, "-" for nothing, "invalid" when the setting blocks Apply.
+    void whatIsSent_data()
+    {
+        addRows(
+            {"setting", "locale", "edit", "sent"},
+            {
+                {"no limits", "INTEGER' CURRENT='3'>", "C", "", "-"},
+                {"only MAX, below 0", "INTEGER' CURRENT='-2' MAX='5'>", "C", "", "-"},
+                {"above MAX", "INTEGER' CURRENT='120' MIN='0' MAX='100'>", "C", "", "100"},
+                {"MAX 1e3", "INTEGER' CURRENT='2000' MAX='1e3'>", "C", "", "1000"},
+                {"MAX 5.0", "INTEGER' CURRENT='7' MIN='1' MAX='5.0'>", "C", "", "5"},
+                {"MAX no number", "INTEGER' CURRENT='7' MAX='many'>", "C", "", "-"},
+                {"no MIN", "INTEGER' CURRENT='0' MAX='5'>", "C", "key Down", "-1"},
+                {"grouped en_US", "INTEGER' CURRENT='3' MAX='5000'>", "en_US", "type 1,500",
+                 "1500"},
+                {"grouped de_DE", "INTEGER' CURRENT='3' MAX='5000'>", "de_DE", "type 1.500",
+                 "1500"},
+                {"comma de_DE", "FLOAT' DIGITS='1' MAX='9' CURRENT='3'>", "de_DE", "type 1,5",
+                 "1.5"},
+                {"grouped decimal en_US", "FLOAT' DIGITS='1' MAX='5000' CURRENT='3'>", "en_US",
+                 "type 2,000.5", "2000.5"},
+                {"nan", "FLOAT' DIGITS='1' MAX='9' CURRENT='nan'>", "C", "", "invalid"},
+                {"inf", "FLOAT' DIGITS='1' MAX='9' CURRENT='-inf'>", "C", "", "invalid"},
+                {"-0", "FLOAT' DIGITS='1' MIN='-1' MAX='1' CURRENT='-0'>", "C", "", "-"},
+                {"8 digits to 100", "FLOAT' DIGITS='8' MAX='100' CURRENT='50'>", "C", "key Up",
+                 "50.0000001"},
+                {"float beyond int", "FLOAT' DIGITS='2' MAX='10' CURRENT='3000000000'>", "C", "",
+                 "invalid"},
+                {"integer no number", "INTEGER' CURRENT='abc' MIN='2' MAX='10'>", "C", "",
+                 "invalid"},
+                {"integer beyond int", "INTEGER' CURRENT='3000000000' MAX='10'>", "C", "",
+                 "invalid"},
+                {"set :abc:",
+                 "EDITBOX' CURRENT=':ab:'><AllowedCharacters>:abc:</AllowedCharacters>", "C", "",
+                 "-"},
+                {"set .a.", "EDITBOX' CURRENT='a'><AllowedCharacters>.a.</AllowedCharacters>", "C",
+                 "type .a", ".a"},
+                {"emptied at load", "EDITBOX' CURRENT='Sales_2F'>", "C", "", "-"},
+                {"emptied, then typed", "EDITBOX' CURRENT='Sales_2F'>", "C", "type HR", "HR"},
+                {"slider over all int", "SLIDER' MIN='-2147483648' MAX='2147483647' CURRENT='0'>",
+                 "C", "key End", "2147483647"},
+            });
+    }
+    void whatIsSent()
+    {
+        const auto [setting, locale, edit, sent] = texts<4>();
+        const QLocale before;
+        QLocale::setDefault(QLocale(locale));
+        const auto restore = qScopeGuard([&before] { QLocale::setDefault(before); });
+        const auto parser = SpecText::read("<S STRING='Setting' TYPE='" + setting + "</S>");
+        ConcreteElement* element = concrete(*parser, "S");
+        QWidget panel;
+        element->createControl(&panel);
+        panel.show();
+        QWidget* control = element->control();
+        const QString how = edit.section(' ', 0, 0), what = edit.section(' ', 1);
+        if (how == "key") {
+            QTest::keyClick(control, QKeySequence(what)[0].key());
+        } else if (how == "type") {
+            QTest::keyClick(control, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClicks(control, what);
+        }
+        // Apply validates every setting first, then asks for the changes.
+        QString result = "invalid";
+        if (element->isValid()) {
+            static const QRegularExpression current("<S CURRENT=\"([^\"]*)\"/>");
+            const QRegularExpressionMatch match = current.match(parser->getChanges(QString()));
+            result = match.hasMatch() ? match.captured(1) : "-";
+        }
+        QCOMPARE(result, sent);
     }
 
     void nullAndEmptyValues()

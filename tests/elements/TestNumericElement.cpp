@@ -50,9 +50,8 @@ private slots:
                  {"below min", "INTEGER' CURRENT='3' MIN='5' MAX='100'", "5"},
                  {"inside", "INTEGER' CURRENT='50' MIN='0' MAX='100'", "50"},
                  {"at the limits", "INTEGER' CURRENT='100' MIN='100' MAX='100'", "100"},
-                 {"missing MIN compares with 0", "INTEGER' CURRENT='0' MAX='10'", "0"},
-                 {"below a missing MIN takes its empty text", "INTEGER' CURRENT='-1' MAX='10'", ""},
-                 {"not a number counts as 0", "INTEGER' CURRENT='abc' MIN='2' MAX='10'", "2"},
+                 {"missing MIN is no limit", "INTEGER' CURRENT='-1' MAX='10'", "-1"},
+                 {"MIN with decimals rounds inward", "INTEGER' CURRENT='1' MIN='1.5'", "2"},
                  {"slider not clamped", "SLIDER' CURRENT='500' MIN='0' MAX='100'", "500"},
                  {"float kept", "FLOAT' CURRENT=' 3.5 ' MIN='0.5' MAX='2.5'", " 3.5 "}});
     }
@@ -74,13 +73,15 @@ private slots:
         addRows(
             {"attributes", "shown"},
             {{"all given", "INTEGER' MIN='1' MAX='9' STEP='2' CURRENT='5'", "1..9 by 2: 5 '5'"},
-             {"missing MIN and STEP", "INTEGER' MAX='9' CURRENT='3'", "0..9 by 1: 3 '3'"},
-             {"no number", "INTEGER' MIN='a' MAX='20' CURRENT='x'", "0..20 by 1: 0 '0'"},
-             {"tenths, no STEP", "FLOAT' MAX='5' DIGITS='1' CURRENT='2.3'", "0..50 by 1: 23 '2.3'"},
+             {"missing MIN and STEP", "INTEGER' MAX='9' CURRENT='3'", "-2147483648..9 by 1: 3 '3'"},
+             {"no number", "INTEGER' MIN='a' MAX='20' CURRENT='x'", "-2147483648..20 by 1: 0 '0'"},
+             {"tenths, no STEP", "FLOAT' MIN='0' MAX='5' DIGITS='1' CURRENT='2.3'",
+              "0..50 by 1: 23 '2.3'"},
              {"step given", "FLOAT' MIN='1' MAX='2' STEP='0.25' DIGITS='2' CURRENT='1.5'",
               "100..200 by 25: 150 '1.50'"},
-             {"zero digits", "FLOAT' MAX='10' DIGITS='0' CURRENT='7'", "0..10 by 1: 7 '7.0'"},
-             {"surplus decimals cut", "FLOAT' MAX='5' DIGITS='1' CURRENT='2.39'",
+             {"zero digits", "FLOAT' MIN='0' MAX='10' DIGITS='0' CURRENT='7'",
+              "0..10 by 1: 7 '7.0'"},
+             {"surplus decimals cut", "FLOAT' MIN='0' MAX='5' DIGITS='1' CURRENT='2.39'",
               "0..50 by 1: 23 '2.3'"}});
     }
     void spinBoxes()

@@ -2,6 +2,7 @@
 #include "LogCapture.h"
 #include "PrinterThread.h"
 #include "UsbPrinterMock.h"
+#include "io/ExchangeProgress.h"
 #include "io/TAVClient.h"
 
 #include <QFile>
@@ -20,6 +21,15 @@ VirtualPrinterOptions options(bool ids)
     result.ids = ids;
     return result;
 }
+
+// Stops the exchange once it is told that the device is slow to answer, when `cancel` is set.
+struct CancelWhenWaiting : ExchangeProgress
+{
+    bool cancel = false;
+    std::atomic<bool> told{false};
+    bool cancelled() const override { return cancel && told; }
+    void waitingForAnswer() override { told = true; }
+};
 
 } // namespace
 
@@ -175,6 +185,53 @@ private slots:
             QCOMPARE(printer.printer.requestsServed(), served);
         if (fault == "reject")
             QCOMPARE(printer.printer.state().current("SleepTime"), QStringLiteral("5"));
+    }
+
+    // On a terminal of the printer's own, which rejects every change: each exchange gets its
+    // own reply, however late an earlier one came, and a slow printer is waited for but
+    // cannot hold the client.
+    void slowAndLateReplies_data()
+    {
+        columns<int, int, int, int, bool, bool, QString>({"lateFirstMs", "bytesPerSecond",
+                                                          "firstByteMs", "exchangeMs", "cancel",
+                                                          "fetched", "logged"});
+        QTest::newRow("late, within the first-byte wait")
+            << 600 << 0 << 5000 << 5000 << false << true << QString();
+        QTest::newRow("too late, not taken for the next reply")
+            << 600 << 0 << 200 << 5000 << false << false
+            << "discarded 8 bytes that the device sent before this request";
+        QTest::newRow("cancelled while waiting")
+            << 1000 << 0 << 5000 << 5000 << true << false << "the exchange was cancelled";
+        QTest::newRow("trickling past the deadline")
+            << 0 << 1000 << 5000 << 300 << false << false << "longer than its deadline";
+    }
+    void slowAndLateReplies()
+    {
+        const auto [lateFirstMs, bytesPerSecond, firstByteMs, exchangeMs, cancel, fetched, logged] =
+            ::fetch<int, int, int, int, bool, bool, QString>();
+        VirtualPrinterOptions settings = options(false);
+        settings.lateFirstMs = lateFirstMs;
+        settings.bytesPerSecond = bytesPerSecond;
+        settings.rejectChanges = true;
+        PrinterThread printer(settings);
+        QVERIFY(printer.start());
+        TAVClient client(printer.printer.devicePath(), nullptr);
+        client.setTimings(20, 20, 200);
+        client.setReplyLimits({firstByteMs, exchangeMs, 0});
+        CancelWhenWaiting progress;
+        progress.cancel = cancel;
+        client.setProgress(&progress);
+        LogCapture log(9);
+        const QByteArray text = PrinterThread::fileText(kSpecification);
+        QCOMPARE(client.getSpecification_tav().toLatin1() == text, fetched);
+        if (lateFirstMs) {
+            QTRY_VERIFY(printer.reports().contains("fault: late answer sent"));
+            progress.cancel = false;
+            QVERIFY(!client.setChanges_tav("<root><PrinterSettingsInfo><SleepTime CURRENT=\"3\"/>"
+                                           "</PrinterSettingsInfo></root>"));
+            QCOMPARE(client.getSpecification_tav().toLatin1(), text);
+        }
+        QVERIFY2(log.text().contains(logged.toUtf8()), qPrintable(logged));
     }
 
     // On a terminal of the printer's own, without USB: the control requests fail at once and

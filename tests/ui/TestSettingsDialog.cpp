@@ -14,6 +14,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -135,7 +136,7 @@ private slots:
         QVERIFY(!s.dialog.applyBtn->isEnabled());
         // A value the setting's own pattern rejects is reported once, after the dialog shows.
         QTRY_COMPARE(s.boxes.seen, QStringList{"Error|The following settings cannot be validated "
-                                               "and will have empty values:\n\nOwner\n"});
+                                               "and will have empty values:\n\nOwner (Owner)\n"});
     }
 
     void applySendsOnlyChanges()
@@ -185,6 +186,35 @@ private slots:
         QCOMPARE(s.current(), QString("PrintServer"));
         QVERIFY(s.sent().isEmpty());
         QVERIFY(!s.printer->stateText().contains("CURRENT=\"30\""));
+    }
+
+    // A value emptied at load goes to the device only when the user confirms clearing it:
+    // Cancel sends nothing, Clear sends it with the other changes.
+    void emptiedValueIsClearedOnlyWhenConfirmed()
+    {
+        Setup s("<Dept TYPE='EDITBOX' STRING='Department' CURRENT='Sales_2F'/>");
+        QTRY_COMPARE(s.boxes.seen.value(0).section("\n\n", 1), QString("Department (Dept)\n"));
+        s.setting("SleepTimer")->valueChange("30");
+        QStringList asked;
+        QTimer answer;
+        const char* button = "cancelBtn";
+        connect(&answer, &QTimer::timeout, this, [&asked, &button] {
+            QWidget* question = QApplication::activeModalWidget();
+            if (!question || question->objectName() != "ClearingQuestion" || !question->isVisible())
+                return;
+            asked.append(question->findChild<QLabel*>("settingsLabel")->text());
+            click(question->findChild<QPushButton*>(button));
+        });
+        answer.start(20);
+        click(s.dialog.applyBtn);
+        QCOMPARE(asked, QStringList{"Department (Dept)"});
+        QVERIFY(s.sent().isEmpty());
+        QVERIFY(s.dialog.applyBtn->isEnabled());
+        button = "clearBtn";
+        click(s.dialog.applyBtn);
+        QCOMPARE(asked.size(), 2);
+        QVERIFY2(s.sent().contains("<Dept CURRENT=\"\"/>") && s.sent().contains("30"),
+                 s.sent().constData());
     }
 
     void popupFormIsAppliedAlone()
