@@ -5,6 +5,7 @@
 #include "elements/ComplexElement.h"
 #include "elements/ConcreteElement.h"
 #include "elements/ConstraintEvaluator.h"
+#include "elements/DestructiveAction.h"
 #include "elements/Element.h"
 #include "elements/FactoryElement.h"
 #include "elements/FormElement.h"
@@ -13,12 +14,14 @@
 #include "ui/ClearingQuestion.h"
 #include "ui/DialogMemory.h"
 #include "ui/HelpViewer.h"
+#include "ui/PendingQuestion.h"
 #include "ui/SettingsViewItem.h"
 #include "xml/ElementType.h"
 
 #include <QApplication>
 #include <QFont>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QResizeEvent>
 #include <QScrollArea>
 #include <QSet>
@@ -141,6 +144,24 @@ bool collectChange(Element* element, void* data)
         change.after = change.after.isEmpty() ? QString() : mask;
     }
     search->changes << change;
+    return true;
+}
+
+// What Default would change: settings whose factory value differs from the value they have.
+struct FactorySearch
+{
+    int settings = 0;
+    QSet<const Element*> groups;
+};
+
+bool countFactoryChanges(Element* element, void* data)
+{
+    auto* factory = qobject_cast<FactoryElement*>(element);
+    if (!factory || factory->factory().isNull() || factory->factory() == factory->current())
+        return true;
+    auto* search = static_cast<FactorySearch*>(data);
+    ++search->settings;
+    search->groups.insert(factory->parentElement());
     return true;
 }
 
@@ -452,8 +473,25 @@ bool SettingsDialog::sendChanges(const QString& id)
     return accepted;
 }
 
+bool SettingsDialog::confirmAction(const Element* button)
+{
+    QMessageBox box(
+        QMessageBox::Warning, tr("Confirm"),
+        tr("\"%1\" cannot be undone.\nSend it to %2 now?").arg(button->title(), _devName),
+        QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* go = box.addButton(button->title(), QMessageBox::AcceptRole);
+    go->setObjectName(QStringLiteral("confirmAction"));
+    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+    box.exec();
+    return box.clickedButton() == go;
+}
+
 void SettingsDialog::buttonClicked(const QString& id)
 {
+    const Element* button = _root ? _root->findElement(id) : nullptr;
+    if (DestructiveAction::isDestructive(button) && !confirmAction(button))
+        return;
     if (sendChanges(id))
         updateChanges(id);
 }
@@ -600,12 +638,68 @@ void SettingsDialog::leadTo(Element* element)
 
 void SettingsDialog::defBtn_clicked()
 {
-    if (!_root)
+    Element* scope = askDefaultScope();
+    if (!scope)
         return;
     _holdMarks = true;
-    _root->iterateElements(restoreFactory, nullptr);
+    scope->iterateElements(restoreFactory, nullptr);
     _holdMarks = false;
     markChanges();
+}
+
+// Says what Default changes and lets the user choose all groups or the one shown; null when
+// the user declines or nothing would change.
+Element* SettingsDialog::askDefaultScope()
+{
+    FactorySearch all;
+    if (_root)
+        _root->iterateElements(countFactoryChanges, &all);
+    if (all.settings == 0) {
+        QMessageBox::information(this, tr("Default"),
+                                 tr("Every setting already has the printer's factory value."));
+        return nullptr;
+    }
+    FactorySearch here;
+    if (_shownGroup)
+        _shownGroup->iterateElements(countFactoryChanges, &here);
+    QMessageBox box(QMessageBox::Question, tr("Default"),
+                    tr("Put settings back to the printer's factory values?\n\nAll groups: %1 "
+                       "setting(s) in %2 group(s).")
+                        .arg(all.settings)
+                        .arg(all.groups.size()),
+                    QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* everywhere = box.addButton(tr("&All groups"), QMessageBox::AcceptRole);
+    everywhere->setObjectName(QStringLiteral("defaultAll"));
+    QPushButton* only = nullptr;
+    if (here.settings > 0) {
+        box.setText(box.text() + QLatin1Char('\n') +
+                    tr("Only \"%1\": %2 setting(s).").arg(_shownGroup->title()).arg(here.settings));
+        only = box.addButton(tr("&Only this group"), QMessageBox::AcceptRole);
+        only->setObjectName(QStringLiteral("defaultGroup"));
+    }
+    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+    box.exec();
+    if (box.clickedButton() == everywhere)
+        return _root;
+    return only && box.clickedButton() == only ? _shownGroup : nullptr;
+}
+
+// Escape, Close and the window's close button: pending changes are sent, dropped or kept
+// as the user says.
+void SettingsDialog::reject()
+{
+    if (_pending > 0) {
+        const QMessageBox::StandardButton answer = PendingQuestion::ask(this, _pending);
+        if (answer == QMessageBox::Cancel)
+            return;
+        if (answer == QMessageBox::Apply) {
+            applyBtn_clicked();
+            if (_pending > 0)
+                return; // not sent: the user sees why and stays with the changes
+        }
+    }
+    SettingsDialogBase::reject();
 }
 
 void SettingsDialog::closeBtn_clicked()

@@ -41,6 +41,7 @@ public:
     int pendingCount() const { return _pending; }
     // Keeps the size and fold state for the next run on this model.
     void done(int result) override;
+    void reject() override;
 
 public slots:
     void elementChanged(const QString& value);
@@ -86,6 +87,8 @@ private:
     void animateFold(bool fold);
     void restoreLayout();
     void markChanges();
+    Element* askDefaultScope();
+    bool confirmAction(const Element* button);
     // The values shown while the device's values are held, for the review's "before".
     void recordDeviceValues();
     // Asks the user to confirm the pending changes under `under`; true to send.

@@ -35,7 +35,7 @@ const char kSpecification[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <SleepTimer TYPE="INTEGER" STRING="Sleep timer" CURRENT="5" FACTORY="15" MIN="1" MAX="240"/>
 <Location TYPE="EDITBOX" STRING="Location" CURRENT="Lab" FACTORY="Office"/>%1</General>
 <Network STRING="Network"><HostName TYPE="EDITBOX" STRING="Host name" CURRENT="printer"
- FACTORY="printer"/></Network><Service STRING="Service">
+ FACTORY="laser-1"/></Network><Service STRING="Service">
 <TestPage TYPE="BUTTON" STRING="Test page" BUTTONLABEL="Print"/></Service>
 </PrinterSettingsInfo></root>)";
 
@@ -300,14 +300,52 @@ private slots:
         QCOMPARE(qMakePair(margin->maximum(), margin->value()), qMakePair(18, 18));
     }
 
-    void defaultRestoresFactoryValues()
+    // Default says what it changes and may keep to the group shown; a destructive device
+    // button asks, naming the action, and goes out only when confirmed.
+    void defaultAndDestructiveButtonsAsk()
+    {
+        Setup s("<ResetCounter TYPE='BUTTON' STRING='Reset counter' BUTTONLABEL='Reset'/>");
+        show(s.dialog, "HostName");
+        s.boxes.answers = {"defaultGroup"};
+        click(s.dialog.defBtn);
+        QCOMPARE(s.boxes.seen.value(0),
+                 QString("Default|Put settings back to the printer's factory values?\n\nAll "
+                         "groups: 3 setting(s) in 2 group(s).\nOnly \"Network\": 1 setting(s)."));
+        QCOMPARE(s.row("HostName") + '|' + s.row("SleepTimer"), QString("laser-1|5"));
+        s.boxes.answers = {"defaultAll"};
+        click(s.dialog.defBtn);
+        QCOMPARE(s.row("SleepTimer") + '|' + s.row("Location"), QString("15|Office"));
+
+        auto* reset = qobject_cast<QPushButton*>(show(s.dialog, "ResetCounter"));
+        QVERIFY(reset);
+        s.boxes.answers = {"Cancel"};
+        click(reset);
+        QCOMPARE(s.boxes.seen.value(2), QString("Confirm|\"Reset counter\" cannot be undone.\n"
+                                                "Send it to Test Laser now?"));
+        QVERIFY(s.sent().isEmpty());
+        s.boxes.answers = {"confirmAction"};
+        click(reset);
+        QVERIFY2(s.sent().contains("<ResetCounter CURRENT=\"PRESSED\"/>"), s.sent().constData());
+    }
+
+    // Escape, Close and the window's close button ask about changes not yet sent.
+    void closeWithPendingChangesAsks()
     {
         Setup s;
-        click(s.dialog.defBtn);
-        QCOMPARE(s.setting("SleepTimer")->current() + '|' + s.row("SleepTimer") + '|' +
-                     s.row("Location"),
-                 QString("15|15|Office"));
-        QVERIFY(s.dialog.applyBtn->isEnabled());
+        s.setting("SleepTimer")->valueChange("30");
+        s.boxes.answers = {"pendingCancel"};
+        QTest::keyClick(&s.dialog, Qt::Key_Escape);
+        QVERIFY(s.dialog.isVisible());
+        s.boxes.answers = {"pendingDiscard"};
+        s.dialog.close();
+        QVERIFY(!s.dialog.isVisible());
+        QVERIFY(s.sent().isEmpty());
+        s.dialog.show();
+        s.boxes.answers = {"pendingApply"};
+        click(s.dialog.closeBtn);
+        QVERIFY(!s.dialog.isVisible());
+        QVERIFY(s.printer->stateText().contains("CURRENT=\"30\""));
+        QCOMPARE(s.boxes.seen.size(), 3);
     }
 
     void buttonPressIsSentAtOnce()
