@@ -7,7 +7,7 @@ packages=(
   build-essential cmake ninja-build pkg-config clang-format
   qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
   libqt6svg6 qt6-translations-l10n
-  libusb-1.0-0-dev libx11-dev
+  libusb-1.0-0-dev libx11-dev libudev-dev
   umockdev libumockdev-dev
   xvfb xauth xdotool x11-utils imagemagick
   clang-14 libclang-rt-14-dev

@@ -9,6 +9,62 @@
     </message>
 </context>
 <context>
+    <name>BackupDocument</name>
+    <message>
+        <source>not a readable XML document</source>
+        <translation>kein lesbares XML-Dokument</translation>
+    </message>
+    <message>
+        <source>not a Tavolor backup</source>
+        <translation>keine Tavolor-Sicherung</translation>
+    </message>
+    <message>
+        <source>the backup holds no settings</source>
+        <translation>die Sicherung enthält keine Einstellungen</translation>
+    </message>
+    <message>
+        <source>malformed entry at line %1</source>
+        <translation>fehlerhafter Eintrag in Zeile %1</translation>
+    </message>
+</context>
+<context>
+    <name>BackupTransfer</name>
+    <message>
+        <source>Tavolor backups (*.xml)</source>
+        <translation>Tavolor-Sicherungen (*.xml)</translation>
+    </message>
+    <message>
+        <source>Export settings</source>
+        <translation>Einstellungen exportieren</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>%1: the value &apos;%2&apos; is refused: %3</source>
+        <translation>%1: der Wert „%2“ wird abgelehnt: %3</translation>
+    </message>
+    <message>
+        <source>Import settings</source>
+        <translation>Einstellungen importieren</translation>
+    </message>
+    <message>
+        <source>%1 cannot be imported: %2</source>
+        <translation>%1 kann nicht importiert werden: %2</translation>
+    </message>
+    <message>
+        <source>The backup is of the model &apos;%1&apos;, this printer is &apos;%2&apos;. Import it anyway?</source>
+        <translation>Die Sicherung stammt vom Modell „%1“, dieser Drucker ist „%2“. Trotzdem importieren?</translation>
+    </message>
+    <message>
+        <source>Nothing was imported:
+%1</source>
+        <translation>Nichts wurde importiert:
+%1</translation>
+    </message>
+</context>
+<context>
     <name>Browser</name>
     <message>
         <source>Warning</source>
@@ -29,6 +85,41 @@ Bitte diese Adresse verwenden:
     <message>
         <source>Error starting %1</source>
         <translation>Fehler beim Starten von %1</translation>
+    </message>
+</context>
+<context>
+    <name>ChooserWindow</name>
+    <message>
+        <source>&amp;Open settings</source>
+        <translation>Einstellungen ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>Tavolor: choose a printer</source>
+        <translation>Tavolor: Drucker auswählen</translation>
+    </message>
+    <message>
+        <source>No USB printer is connected. Plug one in and it appears here.
+
+To try Tavolor without a printer, start the virtual printer in a terminal:
+    tav-vprinter SPECIFICATION.xml --link /tmp/virtual-lp
+then open it with:
+    tav /tmp/virtual-lp &quot;Virtual printer&quot;
+(from a source checkout, &apos;make demo&apos; does both).</source>
+        <translation>Kein USB-Drucker ist angeschlossen. Schließen Sie einen an, dann erscheint er hier.
+
+Um Tavolor ohne Drucker auszuprobieren, starten Sie den virtuellen Drucker in einem Terminal:
+    tav-vprinter SPEZIFIKATION.xml --link /tmp/virtual-lp
+und öffnen ihn dann mit:
+    tav /tmp/virtual-lp &quot;Virtual printer&quot;
+(in einem Quellcode-Verzeichnis erledigt „make demo“ beides).</translation>
+    </message>
+    <message>
+        <source>Connected printers:</source>
+        <translation>Angeschlossene Drucker:</translation>
+    </message>
+    <message>
+        <source>%1 %2 (serial %3) at %4</source>
+        <translation>%1 %2 (Seriennummer %3) an %4</translation>
     </message>
 </context>
 <context>
@@ -65,6 +156,225 @@ Beim Übernehmen werden sie auch im Drucker geleert:</translation>
     <message>
         <source>Sending the settings to %1...</source>
         <translation>Einstellungen werden an %1 gesendet...</translation>
+    </message>
+</context>
+<context>
+    <name>CtlMessages</name>
+    <message>
+        <source>List the USB printers connected now.</source>
+        <translation>Die jetzt angeschlossenen USB-Drucker auflisten.</translation>
+    </message>
+    <message>
+        <source>Show the settings as a tree with what each allows.</source>
+        <translation>Die Einstellungen als Baum zeigen, mit dem, was jede zulässt.</translation>
+    </message>
+    <message>
+        <source>Print the values of settings.</source>
+        <translation>Die Werte von Einstellungen ausgeben.</translation>
+    </message>
+    <message>
+        <source>Check values and send them in one change document.</source>
+        <translation>Werte prüfen und in einem Änderungsdokument senden.</translation>
+    </message>
+    <message>
+        <source>Write a backup of every writable setting.</source>
+        <translation>Eine Sicherung aller schreibbaren Einstellungen schreiben.</translation>
+    </message>
+    <message>
+        <source>Send the differences between a backup and the device in one change document.</source>
+        <translation>Die Unterschiede zwischen einer Sicherung und dem Gerät in einem Änderungsdokument senden.</translation>
+    </message>
+    <message>
+        <source>Compare two devices, specification or backup files.</source>
+        <translation>Zwei Geräte, Spezifikations- oder Sicherungsdateien vergleichen.</translation>
+    </message>
+    <message>
+        <source>Print JSON.</source>
+        <translation>JSON ausgeben.</translation>
+    </message>
+    <message>
+        <source>Read this settings specification file instead of a device.</source>
+        <translation>Diese Einstellungsspezifikation statt eines Geräts lesen.</translation>
+    </message>
+    <message>
+        <source>The printer model, when the device does not report it.</source>
+        <translation>Das Druckermodell, wenn das Gerät es nicht meldet.</translation>
+    </message>
+    <message>
+        <source>Only the settings under this group.</source>
+        <translation>Nur die Einstellungen unter dieser Gruppe.</translation>
+    </message>
+    <message>
+        <source>Only settings that differ from their factory value.</source>
+        <translation>Nur Einstellungen, die von ihrer Werkseinstellung abweichen.</translation>
+    </message>
+    <message>
+        <source>Print the change document and send nothing.</source>
+        <translation>Das Änderungsdokument ausgeben und nichts senden.</translation>
+    </message>
+    <message>
+        <source>Write to this file instead of standard output.</source>
+        <translation>In diese Datei statt auf die Standardausgabe schreiben.</translation>
+    </message>
+    <message>
+        <source>Accept a backup of another model.</source>
+        <translation>Eine Sicherung eines anderen Modells annehmen.</translation>
+    </message>
+    <message>
+        <source>Also import the settings that identify one printer.</source>
+        <translation>Auch die Einstellungen importieren, die einen einzelnen Drucker kennzeichnen.</translation>
+    </message>
+    <message>
+        <source>Usage: tavctl COMMAND [OPTIONS]
+
+Commands:
+</source>
+        <translation>Aufruf: tavctl BEFEHL [OPTIONEN]
+
+Befehle:
+</translation>
+    </message>
+    <message>
+        <source>
+DEV is a device node such as /dev/usb/lp0. &apos;tavctl COMMAND --help&apos; describes one command.
+Exit status: 0 done, 1 usage, 2 a value refused, 3 the device refused, 4 the device unreachable.
+</source>
+        <translation>
+DEV ist ein Gerätedatei wie /dev/usb/lp0. „tavctl BEFEHL --help“ beschreibt einen Befehl.
+Rückgabewert: 0 erledigt, 1 Aufruffehler, 2 ein Wert abgelehnt, 3 vom Gerät abgelehnt, 4 Gerät nicht erreichbar.
+</translation>
+    </message>
+    <message>
+        <source>Verbose log.</source>
+        <translation>Ausführliches Protokoll.</translation>
+    </message>
+    <message>
+        <source>no command given</source>
+        <translation>kein Befehl angegeben</translation>
+    </message>
+    <message>
+        <source>unknown command &apos;%1&apos;</source>
+        <translation>unbekannter Befehl „%1“</translation>
+    </message>
+    <message>
+        <source>&apos;tavctl %1 --help&apos; shows how to use it</source>
+        <translation>„tavctl %1 --help“ zeigt den Aufruf</translation>
+    </message>
+    <message>
+        <source>--spec only reads: add --dry-run</source>
+        <translation>--spec liest nur: --dry-run hinzufügen</translation>
+    </message>
+    <message>
+        <source>name a device or give --spec FILE</source>
+        <translation>ein Gerät nennen oder --spec DATEI angeben</translation>
+    </message>
+    <message>
+        <source>no USB printer is connected</source>
+        <translation>kein USB-Drucker ist angeschlossen</translation>
+    </message>
+    <message>
+        <source>unexpected operand &apos;%1&apos;</source>
+        <translation>unerwartetes Argument „%1“</translation>
+    </message>
+    <message>
+        <source>no such group &apos;%1&apos;</source>
+        <translation>keine Gruppe „%1“</translation>
+    </message>
+    <message>
+        <source>name at least one setting</source>
+        <translation>mindestens eine Einstellung nennen</translation>
+    </message>
+    <message>
+        <source>%1: no such setting</source>
+        <translation>%1: keine solche Einstellung</translation>
+    </message>
+    <message>
+        <source>%1: the value &apos;%2&apos; is refused: %3</source>
+        <translation>%1: der Wert „%2“ wird abgelehnt: %3</translation>
+    </message>
+    <message>
+        <source>nothing was sent</source>
+        <translation>nichts wurde gesendet</translation>
+    </message>
+    <message>
+        <source>nothing to change</source>
+        <translation>nichts zu ändern</translation>
+    </message>
+    <message>
+        <source>the device %1 refused the changes</source>
+        <translation>das Gerät %1 hat die Änderungen abgelehnt</translation>
+    </message>
+    <message>
+        <source>the device %1 went away while the change document of %2 was being sent: it may hold all or none of them</source>
+        <translation>das Gerät %1 verschwand, während das Änderungsdokument für %2 gesendet wurde: es kann alle oder keine davon übernommen haben</translation>
+    </message>
+    <message>
+        <source>name at least one ID=VALUE</source>
+        <translation>mindestens ein ID=WERT nennen</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not ID=VALUE</source>
+        <translation>„%1“ ist nicht ID=WERT</translation>
+    </message>
+    <message>
+        <source>cannot write %1: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>name one backup file</source>
+        <translation>eine Sicherungsdatei nennen</translation>
+    </message>
+    <message>
+        <source>the backup is of the model &apos;%1&apos;, the device is &apos;%2&apos;: --force imports it anyway; nothing was sent</source>
+        <translation>die Sicherung stammt vom Modell „%1“, das Gerät ist „%2“: --force importiert sie trotzdem; nichts wurde gesendet</translation>
+    </message>
+    <message>
+        <source>not on the device: %1</source>
+        <translation>nicht auf dem Gerät: %1</translation>
+    </message>
+    <message>
+        <source>left out (identify one printer): %1</source>
+        <translation>ausgelassen (kennzeichnen einen einzelnen Drucker): %1</translation>
+    </message>
+    <message>
+        <source>changed: %1</source>
+        <translation>geändert: %1</translation>
+    </message>
+    <message>
+        <source>name two devices or files</source>
+        <translation>zwei Geräte oder Dateien nennen</translation>
+    </message>
+    <message>
+        <source>cannot open the device %1: %2</source>
+        <translation>das Gerät %1 kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>the device %1 did not send its settings</source>
+        <translation>das Gerät %1 hat seine Einstellungen nicht gesendet</translation>
+    </message>
+    <message>
+        <source>cannot read %1</source>
+        <translation>%1 kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>the backup %1 is refused: %2</source>
+        <translation>die Sicherung %1 wird abgelehnt: %2</translation>
+    </message>
+    <message>
+        <source>the settings of %1 cannot be read: %2</source>
+        <translation>die Einstellungen von %1 können nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>not a settings specification</source>
+        <translation>keine Einstellungsspezifikation</translation>
+    </message>
+    <message>
+        <source>read-only</source>
+        <translation>nur lesbar</translation>
+    </message>
+    <message>
+        <source>disabled</source>
+        <translation>deaktiviert</translation>
     </message>
 </context>
 <context>
@@ -358,6 +668,57 @@ Prüfen Sie, ob jeder Farbblock gleichmäßig ist, ohne Streifen oder Lücken. I
     </message>
 </context>
 <context>
+    <name>InputRules</name>
+    <message>
+        <source>no lower limit</source>
+        <translation>keine Untergrenze</translation>
+    </message>
+    <message>
+        <source>no upper limit</source>
+        <translation>keine Obergrenze</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 to %2 in steps of %3</source>
+        <translation>eine ganze Zahl von %1 bis %2 in Schritten von %3</translation>
+    </message>
+    <message>
+        <source>one of: %1</source>
+        <translation>eines von: %1</translation>
+    </message>
+    <message>
+        <source>a decimal number from %1 to %2</source>
+        <translation>eine Dezimalzahl von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>an IPv4 address of four numbers 0 to 255 separated by dots</source>
+        <translation>eine IPv4-Adresse aus vier Zahlen von 0 bis 255, durch Punkte getrennt</translation>
+    </message>
+    <message>
+        <source>a subnet mask of four numbers 0 to 255 separated by dots, its one bits in front</source>
+        <translation>eine Subnetzmaske aus vier Zahlen von 0 bis 255, durch Punkte getrennt, die Einsen vorn</translation>
+    </message>
+    <message>
+        <source>any text</source>
+        <translation>beliebiger Text</translation>
+    </message>
+    <message>
+        <source>text matching %1</source>
+        <translation>Text passend zu %1</translation>
+    </message>
+    <message>
+        <source>, at most %1 characters</source>
+        <translation>, höchstens %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>nothing: it holds no value</source>
+        <translation>nichts: sie hat keinen Wert</translation>
+    </message>
+    <message>
+        <source>read-only</source>
+        <translation>nur lesbar</translation>
+    </message>
+</context>
+<context>
     <name>ListElement</name>
     <message>
         <source>Unknown parameter</source>
@@ -471,6 +832,37 @@ Bitte einen anderen Wert angeben</translation>
     <message>
         <source>&amp;Close</source>
         <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Save every setting of the printer in a backup file</source>
+        <translation>Alle Einstellungen des Druckers in einer Sicherungsdatei speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Export...</source>
+        <translation>&amp;Exportieren...</translation>
+    </message>
+    <message>
+        <source>Take the settings of a backup file as changes; Apply sends them</source>
+        <translation>Die Einstellungen einer Sicherungsdatei als Änderungen übernehmen; Übernehmen sendet sie</translation>
+    </message>
+    <message>
+        <source>&amp;Import...</source>
+        <translation>&amp;Importieren...</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsEdit</name>
+    <message>
+        <source>no such setting</source>
+        <translation>keine solche Einstellung</translation>
+    </message>
+    <message>
+        <source>disabled on the device</source>
+        <translation>auf dem Gerät deaktiviert</translation>
+    </message>
+    <message>
+        <source>disabled by the value of %1</source>
+        <translation>deaktiviert durch den Wert von %1</translation>
     </message>
 </context>
 <context>

@@ -10,6 +10,7 @@
 #include "elements/FactoryElement.h"
 #include "elements/FormElement.h"
 #include "elements/SecretSetting.h"
+#include "ui/BackupTransfer.h"
 #include "ui/ChangeReview.h"
 #include "ui/ClearingQuestion.h"
 #include "ui/DialogMemory.h"
@@ -218,6 +219,10 @@ SettingsDialog::SettingsDialog(QWidget* parent, const char* name, Qt::WindowFlag
     connect(applyBtn, &QPushButton::clicked, this, &SettingsDialog::applyBtn_clicked);
     connect(defBtn, &QPushButton::clicked, this, &SettingsDialog::defBtn_clicked);
     connect(closeBtn, &QPushButton::clicked, this, &SettingsDialog::closeBtn_clicked);
+    connect(exportBtn, &QPushButton::clicked, this,
+            [this] { BackupTransfer::exportSettings(this, _root, _devName); });
+    connect(importBtn, &QPushButton::clicked, this,
+            [this] { BackupTransfer::importSettings(this, _root, _devName); });
     connect(paramList, &QTreeWidget::itemExpanded, this,
             [this](QTreeWidgetItem* item) { item->setIcon(0, _folderOpen); });
     connect(paramList, &QTreeWidget::itemCollapsed, this,

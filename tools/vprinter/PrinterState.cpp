@@ -4,6 +4,7 @@
 #include "xml/ElementType.h"
 
 #include <QFile>
+#include <QHash>
 #include <QRegularExpression>
 #include <QSaveFile>
 
@@ -23,6 +24,18 @@ QDomElement firstDescendant(const QDomElement& parent, const QString& tag)
             return found;
     }
     return QDomElement();
+}
+
+// Every tag under parent, each at its first place in document order: what firstDescendant()
+// finds, for all tags in one walk.
+void indexDescendants(const QDomElement& parent, QHash<QString, QDomElement>& index)
+{
+    for (QDomElement child = parent.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        if (!index.contains(child.tagName()))
+            index.insert(child.tagName(), child);
+        indexDescendants(child, index);
+    }
 }
 
 QDomElement nthChild(const QDomElement& parent, const QString& tag, int position)
@@ -105,6 +118,9 @@ QString PrinterState::current(const QString& id) const
 bool PrinterState::collectChanges(const QDomElement& changesRoot, QList<Change>& changes,
                                   QStringList* notes) const
 {
+    // One walk for the whole document: a change document may name thousands of settings.
+    QHash<QString, QDomElement> index;
+    indexDescendants(settingsRoot(document), index);
     for (QDomElement item = changesRoot.firstChildElement(); !item.isNull();
          item = item.nextSiblingElement()) {
         const QString id = item.tagName();
@@ -112,7 +128,7 @@ bool PrinterState::collectChanges(const QDomElement& changesRoot, QList<Change>&
             notes->append(QStringLiteral("setting <%1> carries no value; skipped").arg(id));
             continue;
         }
-        const QDomElement target = findSetting(id);
+        const QDomElement target = index.contains(id) ? index.value(id) : findTableCell(id);
         if (target.isNull()) {
             notes->append(QStringLiteral("unknown setting <%1>").arg(id));
             return false;
