@@ -146,7 +146,7 @@ private slots:
         QCOMPARE(s.row("SleepTimer"), QString("30"));
         QVERIFY(s.dialog.applyBtn->isEnabled());
         click(s.dialog.applyBtn);
-        QVERIFY(s.boxes.seen.isEmpty());
+        QVERIFY2(s.boxes.seen.isEmpty(), qPrintable(s.boxes.seen.join("#")));
         QVERIFY(!s.dialog.applyBtn->isEnabled());
         QCOMPARE(s.setting("SleepTimer")->initial(), QString("30"));
         QVERIFY2(s.printer->stateText().contains("CURRENT=\"30\""),
