@@ -4,7 +4,8 @@ PRESET ?= default
 BUILD_DIR ?= build
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps configure build check demo bench fuzz format translations clean
+.PHONY: all deps configure build check demo bench fuzz format translations clean usb-shell \
+	package package-check
 
 all: build
 
@@ -19,9 +20,21 @@ build: configure
 
 check: build
 	./scripts/run-tests.sh $(BUILD_DIR)
+	$(MAKE) package-check
+
+# The Debian package, built from the same tree, and its check by Debian's own tools.
+package: build
+	cmake --build --preset $(PRESET) --target package
+
+package-check: package
+	./scripts/package-check.sh $(BUILD_DIR)
 
 demo: build
 	./scripts/demo.sh $(BUILD_DIR)
+
+# A shell in the QEMU guest that tests the real USB path, with the virtual USB printer plugged in.
+usb-shell: build
+	./scripts/usb-guest/shell.sh $(BUILD_DIR)
 
 bench: build
 	./scripts/run-bench.sh $(BUILD_DIR)

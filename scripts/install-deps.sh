@@ -11,7 +11,9 @@ packages=(
   umockdev libumockdev-dev
   xvfb xauth xdotool x11-utils imagemagick
   clang-14 libclang-rt-14-dev
+  qemu-system-x86 busybox-static cpio binutils
   locales
+  dpkg-dev file scdoc lintian desktop-file-utils appstream
 )
 
 missing=()

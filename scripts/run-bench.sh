@@ -9,5 +9,9 @@ run() {
 for b in "$build_dir"/bench/bench_*; do
   [ -x "$b" ] || continue
   echo "== $(basename "$b")"
-  QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} run "$b"
+  case "$(basename "$b")" in
+    # Measures the real USB path: runs inside the USB test guest; 77 means no guest here.
+    bench_usb*) ./scripts/usb-guest/run-test.sh "$build_dir" "$(realpath "$b")" || [ $? -eq 77 ] ;;
+    *) QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} run "$b" ;;
+  esac
 done

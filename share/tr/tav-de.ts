@@ -421,6 +421,13 @@ Rückgabewert: 0 erledigt, 1 Aufruffehler, 2 ein Wert abgelehnt, 3 vom Gerät ab
     </message>
 </context>
 <context>
+    <name>DeviceAccess</name>
+    <message>
+        <source>No permission to open %1: install Tavolor&apos;s udev rule (it comes with the package) or add your user to the &quot;lp&quot; group, then plug the printer in again.</source>
+        <translation>Keine Berechtigung, %1 zu öffnen: Installieren Sie die udev-Regel von Tavolor (sie kommt mit dem Paket) oder fügen Sie Ihren Benutzer der Gruppe „lp“ hinzu und stecken Sie den Drucker dann erneut ein.</translation>
+    </message>
+</context>
+<context>
     <name>DeviceTask</name>
     <message>
         <source>Waiting for the printer to answer...</source>

@@ -4,6 +4,7 @@
 #include "app/ProgramPaths.h"
 #include "app/QtSingleApplication.h"
 #include "app/QtTranslation.h"
+#include "io/DeviceAccess.h"
 #include "ui/SettingsDialog.h"
 
 #include <QDir>
@@ -12,6 +13,7 @@
 #include <QLayout>
 #include <QMessageBox>
 
+#include <cstdio>
 #include <cstdlib>
 
 namespace {
@@ -97,8 +99,12 @@ int main(int argc, char** argv)
         settings.has(QStringLiteral("save_new_tav")));
 
     const bool settingsRead = configurator.getPrinterSettings() != nullptr;
-    if (!settingsRead)
-        reportNoSettings(configurator.exchangeProblem());
+    if (!settingsRead) {
+        const QString permission = DeviceAccess::permissionProblem(args.at(1));
+        if (!permission.isEmpty())
+            fprintf(stderr, "tav: %s\n", qPrintable(permission));
+        reportNoSettings(permission.isEmpty() ? configurator.exchangeProblem() : permission);
+    }
 
     SettingsDialog dialog(nullptr);
     dialog.initialize(&configurator, args.at(2));

@@ -4,6 +4,7 @@
 #include "app/SystemLocale.h"
 #include "cli/CtlMessages.h"
 #include "elements/TextElement.h"
+#include "io/DeviceAccess.h"
 #include "io/IOClient.h"
 #include "io/IOClientUsbEp0.h"
 #include "io/PrinterDiscovery.h"
@@ -85,8 +86,11 @@ CtlStatus CtlSource::loadDevice()
 {
     IOClient probe(_target);
     if (!probe.open(QIODevice::ReadWrite)) {
+        const QString permission = DeviceAccess::permissionProblem(_target);
         CtlMessages::error(
-            CtlMessages::tr("cannot open the device %1: %2").arg(_target, probe.errorString()));
+            permission.isEmpty()
+                ? CtlMessages::tr("cannot open the device %1: %2").arg(_target, probe.errorString())
+                : permission);
         return csUnreachable;
     }
     probe.close();

@@ -35,6 +35,8 @@ namespace {
 
 constexpr int kFoldSteps = 25;
 constexpr int kFoldPauseMs = 2;
+// Controls made between two deliveries of the events they queue.
+constexpr int kPanelBlock = 256;
 
 struct InvalidSearch
 {
@@ -819,6 +821,11 @@ void SettingsDialog::showGroupOf(Element* element)
         return;
     clearPanel();
     _shownGroup = group;
+    // Built hidden, so that no control queues its own showing, and with the events its
+    // controls queue delivered in blocks: Qt looks through the whole queue each time a layout
+    // request is queued, which made opening a large group quadratic in its size.
+    const bool wasHidden = _panel->isHidden();
+    _panel->hide();
     const auto children = static_cast<ComplexElement*>(group)->elements();
     int position = 0;
     for (Element* child : children) {
@@ -832,7 +839,11 @@ void SettingsDialog::showGroupOf(Element* element)
         const SettingsViewItem* row = findParamItem(child->id());
         if (row && row->isHidden())
             control->hide();
+        if (position % kPanelBlock == 0)
+            QCoreApplication::sendPostedEvents();
     }
+    if (!wasHidden)
+        _panel->show();
     chainPanelFocus();
 }
 

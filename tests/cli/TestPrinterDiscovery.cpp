@@ -9,6 +9,8 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <unistd.h>
+
 // `tavctl list` and the chooser's list against udev devices that umockdev emulates: a USB
 // printer device, its printer interface with the ID the driver exposes, and the usblp node.
 class TestPrinterDiscovery : public QObject
@@ -95,6 +97,30 @@ private slots:
         umockdev_testbed_remove_device(testbed, first.toUtf8().constData());
         QTRY_COMPARE(list->count(), 1);
         QCOMPARE(chooser.printers().first().model, QStringLiteral("B"));
+    }
+
+    // A node the user may not open is reported in one line with the remedy. Root opens any
+    // node, so as root the program runs as nobody.
+    void deniedNodeIsNamedWithTheRemedy()
+    {
+        plug("lp0", "MFG:Tavolor;MDL:A;CMD:TAV;", "A", "1");
+        const QString node = QString::fromUtf8(umockdev_testbed_get_root_dir(testbed)) +
+                             QStringLiteral("/dev/usb/lp0");
+        QDir().mkpath(QFileInfo(node).path());
+        QFile file(node);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(file.setPermissions(QFileDevice::ReadOwner));
+        QStringList command{QStringLiteral(TAV_BIN_DIR "/tavctl"), "get", "/dev/usb/lp0", "X"};
+        if (geteuid() == 0)
+            command = QStringList{"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"} +
+                      command;
+        QProcess process;
+        process.start(command.takeFirst(), command);
+        QVERIFY(process.waitForFinished(30000));
+        const QByteArray error = process.readAllStandardError();
+        QCOMPARE(process.exitCode(), 4);
+        QCOMPARE(error.count('\n'), 1);
+        QVERIFY2(error.contains("/dev/usb/lp0: install Tavolor's udev rule"), error.constData());
     }
 };
 

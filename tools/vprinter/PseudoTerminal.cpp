@@ -124,3 +124,16 @@ void PseudoTerminal::dropUnreadReplies()
     if (slaveFd >= 0)
         tcflush(slaveFd, TCIFLUSH);
 }
+
+bool PseudoTerminal::hangUp(QString* error)
+{
+    const QString linkPath = linked;
+    if (!ownMaster) {
+        close();
+        *error = QStringLiteral("the terminal was made elsewhere");
+        return false;
+    }
+    if (!open(error))
+        return false;
+    return linkPath.isEmpty() || link(linkPath, error);
+}

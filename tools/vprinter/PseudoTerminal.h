@@ -1,16 +1,18 @@
 #pragma once
 
+#include "vprinter/PrinterPort.h"
+
 #include <QString>
 
 // A pseudo-terminal in raw mode that stands in for a printer's device file. The printer
 // side is the master; the host opens the slave by its path. One slave descriptor is held
 // open here, so that the host closing and reopening the device neither hangs the terminal
 // up nor loses its raw settings.
-class PseudoTerminal
+class PseudoTerminal : public PrinterPort
 {
 public:
     PseudoTerminal() = default;
-    ~PseudoTerminal();
+    ~PseudoTerminal() override;
     PseudoTerminal(const PseudoTerminal&) = delete;
     PseudoTerminal& operator=(const PseudoTerminal&) = delete;
 
@@ -28,8 +30,13 @@ public:
     bool link(const QString& linkPath, QString* error);
     void removeLink();
 
-    // Drops reply bytes the host never read, so the next exchange starts clean.
-    void dropUnreadReplies();
+    int inputDescriptor() const override { return masterFd; }
+    int outputDescriptor() const override { return masterFd; }
+    QString hostPath() const override { return path; }
+    void dropUnreadReplies() override;
+    // A new terminal in place of the old one, linked where the old one was. A master made
+    // elsewhere cannot be replaced.
+    bool hangUp(QString* error) override;
 
 private:
     bool openSlave(QString* error);

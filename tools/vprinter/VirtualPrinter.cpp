@@ -129,6 +129,17 @@ bool VirtualPrinter::attach(int masterFd, QString* error)
     return true;
 }
 
+bool VirtualPrinter::attachPort(PrinterPort* external, QString* error)
+{
+    if (!prepare(error))
+        return false;
+    port = external;
+    report(QStringLiteral("serving %1 on %2 in the %3 framing")
+               .arg(options.specificationFile, port->hostPath(),
+                    options.ids ? QStringLiteral("IDS") : QStringLiteral("TAV")));
+    return true;
+}
+
 void VirtualPrinter::stop()
 {
     stopping.store(true);
@@ -156,7 +167,7 @@ int VirtualPrinter::run()
 // True when the master has bytes; false on time-out or when stop() was called.
 bool VirtualPrinter::waitForInput(int timeoutMs)
 {
-    pollfd fds[2] = {{terminal.master(), POLLIN, 0}, {wakePipe[0], POLLIN, 0}};
+    pollfd fds[2] = {{port->inputDescriptor(), POLLIN, 0}, {wakePipe[0], POLLIN, 0}};
     if (poll(fds, 2, timeoutMs) <= 0)
         return false;
     if (fds[1].revents)
@@ -172,7 +183,7 @@ bool VirtualPrinter::waitForInput(int timeoutMs)
 void VirtualPrinter::readInput()
 {
     char buffer[kReadChunk];
-    const ssize_t count = ::read(terminal.master(), buffer, sizeof buffer);
+    const ssize_t count = ::read(port->inputDescriptor(), buffer, sizeof buffer);
     if (count > 0) {
         parser.feed(buffer, int(count));
         lastInput.restart();
@@ -182,7 +193,7 @@ void VirtualPrinter::readInput()
 void VirtualPrinter::serve(const PrinterRequest& request)
 {
     ++served;
-    terminal.dropUnreadReplies();
+    port->dropUnreadReplies();
     if (request.framing == PrinterRequest::Ink) {
         serveInk(request); // understood whichever framing the settings use
         return;
@@ -359,7 +370,7 @@ bool VirtualPrinter::writeAll(const char* data, int length)
     int done = 0;
     while (done < length && !stopping.load()) {
         const ssize_t written =
-            ::write(terminal.master(), data + done, size_t(qMin(step, length - done)));
+            ::write(port->outputDescriptor(), data + done, size_t(qMin(step, length - done)));
         if (written > 0) {
             done += int(written);
             stalled.restart();
@@ -375,10 +386,10 @@ bool VirtualPrinter::writeAll(const char* data, int length)
         if (stalled.elapsed() > kStalledReplyMs) {
             report(QStringLiteral("the host stopped reading; %1 bytes of the reply dropped")
                        .arg(length - done));
-            terminal.dropUnreadReplies();
+            port->dropUnreadReplies();
             return false;
         }
-        pollfd out{terminal.master(), POLLOUT, 0};
+        pollfd out{port->outputDescriptor(), POLLOUT, 0};
         poll(&out, 1, kPaceStepMs);
     }
     return done == length;
@@ -387,20 +398,13 @@ bool VirtualPrinter::writeAll(const char* data, int length)
 void VirtualPrinter::hangUp()
 {
     parser.clear();
-    if (!terminal.ownsMaster()) {
-        terminal.close();
-        terminalLost = true;
-        return;
-    }
     QString error;
-    if (!terminal.open(&error)) {
-        report(QStringLiteral("cannot open a new terminal: %1").arg(error));
+    if (!port->hangUp(&error)) {
+        report(QStringLiteral("cannot serve again: %1").arg(error));
         terminalLost = true;
         return;
     }
-    if (!options.linkPath.isEmpty() && !terminal.link(options.linkPath, &error))
-        report(QStringLiteral("cannot link %1: %2").arg(options.linkPath, error));
-    report(QStringLiteral("serving again on %1").arg(terminal.slavePath()));
+    report(QStringLiteral("serving again on %1").arg(port->hostPath()));
     if (pathListener)
-        pathListener(terminal.slavePath());
+        pathListener(port->hostPath());
 }

@@ -36,6 +36,8 @@ public:
     // Loads the specification and serves on an existing terminal master. A hang-up then
     // ends serving, as a new terminal cannot be made in its place.
     bool attach(int masterFd, QString* error);
+    // Loads the specification and serves on `port` (not owned) instead of a terminal.
+    bool attachPort(PrinterPort* port, QString* error);
 
     const QString& devicePath() const { return terminal.slavePath(); }
     // The terminal's printer side, for measuring it bare before run() starts serving.
@@ -76,6 +78,7 @@ private:
     VirtualPrinterOptions options;
     PrinterState printerState;
     PseudoTerminal terminal;
+    PrinterPort* port = &terminal;
     RequestParser parser;
     Reporter reporter;
     std::function<void(const QString&)> pathListener;
