@@ -88,6 +88,49 @@ Bitte diese Adresse verwenden:
     </message>
 </context>
 <context>
+    <name>ChangeReview</name>
+    <message>
+        <source>Review changes</source>
+        <translation>Änderungen prüfen</translation>
+    </message>
+    <message>
+        <source>These settings will be sent to %1:</source>
+        <translation>Diese Einstellungen werden an %1 gesendet:</translation>
+    </message>
+    <message>
+        <source>These settings will be cleared (sent without a value):</source>
+        <translation>Diese Einstellungen werden geleert (ohne Wert gesendet):</translation>
+    </message>
+    <message>
+        <source>Don&apos;t ask again</source>
+        <translation>Nicht mehr fragen</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>Ü&amp;bernehmen</translation>
+    </message>
+    <message>
+        <source>%1 → %2</source>
+        <translation>%1 → %2</translation>
+    </message>
+    <message>
+        <source>Setting</source>
+        <translation>Einstellung</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Value now</source>
+        <translation>Jetziger Wert</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+</context>
+<context>
     <name>ChooserWindow</name>
     <message>
         <source>&amp;Open settings</source>
@@ -733,6 +776,21 @@ Prüfen Sie, ob jeder Farbblock gleichmäßig ist, ohne Streifen oder Lücken. I
     </message>
 </context>
 <context>
+    <name>PendingQuestion</name>
+    <message>
+        <source>Changes not sent</source>
+        <translation>Änderungen nicht gesendet</translation>
+    </message>
+    <message>
+        <source>1 changed setting has not been sent to the printer.</source>
+        <translation>1 geänderte Einstellung wurde nicht an den Drucker gesendet.</translation>
+    </message>
+    <message>
+        <source>%1 changed settings have not been sent to the printer.</source>
+        <translation>%1 geänderte Einstellungen wurden nicht an den Drucker gesendet.</translation>
+    </message>
+</context>
+<context>
     <name>PopupForm</name>
     <message>
         <source>Printer Default</source>
@@ -776,6 +834,52 @@ Ihre Änderungen bleiben erhalten: Bitte den Drucker prüfen und es erneut versu
 Please specify another value</source>
         <translation>„%1“ ist kein gültiger Wert für „%2“.
 Bitte einen anderen Wert angeben</translation>
+    </message>
+    <message>
+        <source>1 pending change</source>
+        <translation>1 ausstehende Änderung</translation>
+    </message>
+    <message>
+        <source>%1 pending changes</source>
+        <translation>%1 ausstehende Änderungen</translation>
+    </message>
+    <message>
+        <source>Confirm</source>
+        <translation>Bestätigen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be undone.
+Send it to %2 now?</source>
+        <translation>„%1“ kann nicht rückgängig gemacht werden.
+Jetzt an %2 senden?</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Every setting already has the printer&apos;s factory value.</source>
+        <translation>Jede Einstellung hat bereits den Werkswert des Druckers.</translation>
+    </message>
+    <message>
+        <source>Put settings back to the printer&apos;s factory values?
+
+All groups: %1 setting(s) in %2 group(s).</source>
+        <translation>Einstellungen auf die Werkswerte des Druckers zurücksetzen?
+
+Alle Gruppen: %1 Einstellung(en) in %2 Gruppe(n).</translation>
+    </message>
+    <message>
+        <source>&amp;All groups</source>
+        <translation>&amp;Alle Gruppen</translation>
+    </message>
+    <message>
+        <source>Only &quot;%1&quot;: %2 setting(s).</source>
+        <translation>Nur „%1“: %2 Einstellung(en).</translation>
+    </message>
+    <message>
+        <source>&amp;Only this group</source>
+        <translation>Nur diese &amp;Gruppe</translation>
     </message>
 </context>
 <context>
@@ -855,6 +959,10 @@ Bitte einen anderen Wert angeben</translation>
     <message>
         <source>&amp;Import...</source>
         <translation>&amp;Importieren...</translation>
+    </message>
+    <message>
+        <source>Pending changes</source>
+        <translation>Ausstehende Änderungen</translation>
     </message>
 </context>
 <context>

@@ -108,8 +108,6 @@ int main(int argc, char** argv)
 
     SettingsDialog dialog(nullptr);
     dialog.initialize(&configurator, args.at(2));
-    if (QLayout* layout = dialog.layout())
-        layout->setSizeConstraint(QLayout::SetFixedSize);
     const int result = dialog.exec();
     // No event loop runs before the dialog's, so an exit request made here would be lost.
     return settingsRead ? result : 1;

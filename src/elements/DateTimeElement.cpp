@@ -10,7 +10,7 @@ const QString DateTimeElement::valueFormat = QStringLiteral("yyyy-MM-dd hh:mm");
 
 DateTimeElement::DateTimeElement(const QDomElement& node, int type, const QDomNode* parentNode,
                                  Element* parentElement)
-    : ConcreteElement(node, type, parentNode, parentElement)
+    : FactoryElement(node, type, parentNode, parentElement)
 {
     if (!format().isNull())
         setDisplayFormat(format());
@@ -56,6 +56,15 @@ QString DateTimeElement::displayValue() const
 {
     return parseValue(current()).toString(_ampm ? valueFormat + QStringLiteral(" AP")
                                                 : valueFormat);
+}
+
+void DateTimeElement::setControlValue(const QString& value)
+{
+    if (auto* editor = qobject_cast<QDateTimeEdit*>(control())) {
+        const QSignalBlocker blocker(editor);
+        editor->setDateTime(parseValue(value));
+    }
+    FactoryElement::setControlValue(value);
 }
 
 QWidget* DateTimeElement::createControl(QWidget* parent)

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "elements/ConcreteElement.h"
+#include "elements/FactoryElement.h"
 
 #include <QDateTime>
 
 // A date and time of day. The value is always "yyyy-MM-dd hh:mm" in 24-hour form, whatever
 // the editor shows; a display format ending in "AM/PM" switches the AM/PM display on.
-class DateTimeElement : public ConcreteElement
+class DateTimeElement : public FactoryElement
 {
     Q_OBJECT
     Q_PROPERTY(bool ampm READ ampm WRITE setAmPm)
@@ -24,6 +24,8 @@ public:
     void setFormat(const QString& s) override { setDisplayFormat(s); }
 
     QString displayValue() const override;
+    // Default puts the factory date back like any other value.
+    void setControlValue(const QString& value) override;
 
     // The caption and a date-time editor showing seconds, and AM/PM when asked for.
     QWidget* createControl(QWidget* parent) override;

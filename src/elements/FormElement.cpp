@@ -4,6 +4,7 @@
 #include "elements/FactoryElement.h"
 #include "elements/MnemonicRegistry.h"
 #include "elements/TraceLog.h"
+#include "ui/PendingQuestion.h"
 #include "ui/PopupForm.h"
 
 #include <QDomElement>
@@ -95,6 +96,7 @@ void FormElement::buildForm()
     if (m_pForm->layout())
         m_pForm->layout()->setSizeConstraint(QLayout::SetFixedSize);
     m_pForm->btnOK->setEnabled(false);
+    m_pForm->setCloseCheck([this] { return mayClose(); });
     // The panel's order is the creation order; the buttons come after the settings.
     QWidget::setTabOrder(m_pForm->controlPanel(), m_pForm->btnDefault);
     QWidget::setTabOrder(m_pForm->btnDefault, m_pForm->btnOK);
@@ -153,6 +155,35 @@ void FormElement::okBtnClicked()
     TAV_LOG(10, "FormElement::okBtnClicked(): startEnumerating!");
     iterateElements(acceptChanges, nullptr);
     m_pForm->accept();
+}
+
+namespace {
+
+bool countPending(Element* element, void* data)
+{
+    auto* concrete = qobject_cast<ConcreteElement*>(element);
+    if (concrete && concrete->isChanged())
+        ++*static_cast<int*>(data);
+    return true;
+}
+
+} // namespace
+
+bool FormElement::mayClose()
+{
+    int pending = 0;
+    iterateElements(countPending, &pending);
+    if (pending == 0)
+        return true;
+    switch (PendingQuestion::ask(m_pForm, pending)) {
+    case QMessageBox::Discard:
+        return true; // the closed form puts the device's values back
+    case QMessageBox::Apply:
+        okBtnClicked(); // closes the form itself once the printer took the values
+        return false;
+    default:
+        return false;
+    }
 }
 
 void FormElement::setApplyRefused()

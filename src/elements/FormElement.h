@@ -49,6 +49,8 @@ protected:
 private:
     // Steps of showForm(): the form with the children's controls, and its removal.
     void buildForm();
+    // Close or Escape with values not yet sent: true to let the form close.
+    bool mayClose();
     void dismantleForm();
     // Visitor: stores the first element that fails validation in the Element* data points to.
     static bool findInvalid(Element* element, void* data);

@@ -6,6 +6,12 @@ PopupForm::PopupForm(QWidget* parent)
     setupUi(this);
 }
 
+void PopupForm::reject()
+{
+    if (!_closeCheck || _closeCheck())
+        QDialog::reject();
+}
+
 void PopupForm::addControl(QWidget* control)
 {
     if (control)

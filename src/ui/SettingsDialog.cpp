@@ -5,19 +5,27 @@
 #include "elements/ComplexElement.h"
 #include "elements/ConcreteElement.h"
 #include "elements/ConstraintEvaluator.h"
+#include "elements/DestructiveAction.h"
 #include "elements/Element.h"
 #include "elements/FactoryElement.h"
 #include "elements/FormElement.h"
+#include "elements/SecretSetting.h"
 #include "ui/BackupTransfer.h"
+#include "ui/ChangeReview.h"
 #include "ui/ClearingQuestion.h"
+#include "ui/DialogMemory.h"
 #include "ui/HelpViewer.h"
+#include "ui/PendingQuestion.h"
 #include "ui/SettingsViewItem.h"
 #include "xml/ElementType.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QResizeEvent>
 #include <QScrollArea>
+#include <QSet>
 #include <QThread>
 #include <QTimer>
 #include <QTreeWidgetItemIterator>
@@ -75,6 +83,91 @@ bool restoreFactory(Element* element, void*)
     return true;
 }
 
+// Gathers the settings whose value differs from the device's, with every element above them.
+struct ChangeSearch
+{
+    QSet<const Element*> marked;
+    int pending = 0;
+};
+
+bool findChanged(Element* element, void* data)
+{
+    auto* concrete = qobject_cast<ConcreteElement*>(element);
+    if (!concrete || !concrete->isChanged())
+        return true;
+    auto* search = static_cast<ChangeSearch*>(data);
+    ++search->pending;
+    for (const Element* e = element; e && !search->marked.contains(e); e = e->parentElement())
+        search->marked.insert(e);
+    return true;
+}
+
+// Gathers the value each setting shows while it holds the device's value.
+bool recordShown(Element* element, void* data)
+{
+    if (auto* concrete = qobject_cast<ConcreteElement*>(element))
+        static_cast<QHash<const Element*, QString>*>(data)->insert(concrete,
+                                                                   concrete->displayValue());
+    return true;
+}
+
+struct ReviewSearch
+{
+    const QHash<const Element*, QString>* shown;
+    QList<ChangeReview::Change> changes;
+    QList<ConcreteElement*> clearing;
+};
+
+// The group a setting is listed under: a control standing for its parent's row belongs to the
+// parent's group.
+QString groupTitle(const Element* element)
+{
+    const Element* parent = element->parentElement();
+    if (parent && parent->title() == element->title())
+        parent = parent->parentElement();
+    return parent ? parent->title() : QString();
+}
+
+bool collectChange(Element* element, void* data)
+{
+    auto* concrete = qobject_cast<ConcreteElement*>(element);
+    if (!concrete || !concrete->isChanged())
+        return true;
+    auto* search = static_cast<ReviewSearch*>(data);
+    ChangeReview::Change change{concrete->title(), groupTitle(concrete),
+                                search->shown->value(concrete, concrete->initial()),
+                                concrete->displayValue(), concrete->displayValue().isEmpty()};
+    if (concrete->isEnabled() && concrete->isClearingPending()) {
+        search->clearing << concrete;
+        change.clears = true;
+    }
+    if (SecretSetting::isSecret(concrete)) {
+        const QString mask = QString::fromUtf8(SecretSetting::mask());
+        change.before = change.before.isEmpty() ? QString() : mask;
+        change.after = change.after.isEmpty() ? QString() : mask;
+    }
+    search->changes << change;
+    return true;
+}
+
+// What Default would change: settings whose factory value differs from the value they have.
+struct FactorySearch
+{
+    int settings = 0;
+    QSet<const Element*> groups;
+};
+
+bool countFactoryChanges(Element* element, void* data)
+{
+    auto* factory = qobject_cast<FactoryElement*>(element);
+    if (!factory || factory->factory().isNull() || factory->factory() == factory->current())
+        return true;
+    auto* search = static_cast<FactorySearch*>(data);
+    ++search->settings;
+    search->groups.insert(factory->parentElement());
+    return true;
+}
+
 FormElement* enclosingForm(Element* element)
 {
     for (Element* e = element ? element->parentElement() : nullptr; e; e = e->parentElement()) {
@@ -114,6 +207,10 @@ SettingsDialog::SettingsDialog(QWidget* parent, const char* name, Qt::WindowFlag
     paramList->header()->setSectionResizeMode(0, QHeaderView::Interactive);
     paramList->header()->setStretchLastSection(true);
     paramList->setColumnWidth(0, 220);
+    _treeMinWidth = paramList->minimumWidth();
+    // Extra width goes to the panel, whose controls need it; the tree keeps its width.
+    listsLayout->setStretchFactor(paramFrame, 1);
+    setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
 
     connect(slider, &QPushButton::clicked, this, &SettingsDialog::slider_clicked);
     connect(paramList, &QTreeWidget::currentItemChanged, this,
@@ -162,6 +259,29 @@ void SettingsDialog::initialize(Configurator* configurator, const QString& devNa
             Qt::UniqueConnection);
     fillSettings(_root);
     validateSettings(_root);
+    restoreLayout();
+}
+
+// The size and fold state this user last left the dialog in for this model.
+void SettingsDialog::restoreLayout()
+{
+    const DialogMemory memory(_devName);
+    const QSize size = memory.size();
+    if (size.isValid())
+        resize(size.expandedTo(minimumSizeHint()));
+    if (memory.folded() && !favoriteList->isHidden()) {
+        _foldWidth =
+            favoriteList->isVisible() ? favoriteList->width() : favoriteList->maximumWidth();
+        favoriteList->hide();
+        slider->setText(QStringLiteral(">"));
+    }
+}
+
+void SettingsDialog::done(int result)
+{
+    DialogMemory(_devName).save(isMaximized() ? normalGeometry().size() : size(),
+                                favoriteList->isHidden());
+    SettingsDialogBase::done(result);
 }
 
 void SettingsDialog::fillSettings(Element* root)
@@ -192,6 +312,53 @@ void SettingsDialog::fillSettings(Element* root)
     paramList->setUpdatesEnabled(true);
     if (paramList->topLevelItemCount() > 0)
         paramList->setCurrentItem(paramList->topLevelItem(0));
+    recordDeviceValues();
+    markChanges();
+}
+
+void SettingsDialog::recordDeviceValues()
+{
+    _deviceShown.clear();
+    if (_root)
+        _root->iterateElements(recordShown, &_deviceShown);
+}
+
+bool SettingsDialog::reviewChanges(Element* under)
+{
+    // Without the review, emptied values still need the user's word before they are cleared.
+    if (!ChangeReview::isWanted())
+        return confirmClearing(under);
+    ReviewSearch search{&_deviceShown, {}, {}};
+    if (under)
+        under->iterateElements(collectChange, &search);
+    if (!ChangeReview::confirm(_devName, search.changes, this))
+        return false;
+    for (ConcreteElement* element : std::as_const(search.clearing))
+        element->confirmClearing();
+    return true;
+}
+
+// Bold rows for the changed settings and the groups that hold them; the count beside Apply.
+void SettingsDialog::markChanges()
+{
+    if (_holdMarks)
+        return;
+    ChangeSearch search;
+    if (_root)
+        _root->iterateElements(findChanged, &search);
+    for (QTreeWidgetItemIterator it(paramList); *it; ++it) {
+        auto* item = static_cast<SettingsViewItem*>(*it);
+        const bool changed = search.marked.contains(item->element());
+        QFont font = item->font(0);
+        if (font.bold() != changed) {
+            font.setBold(changed);
+            item->setFont(0, font);
+        }
+    }
+    _pending = search.pending;
+    pendingLabel->setText(_pending == 0   ? QString()
+                          : _pending == 1 ? tr("1 pending change")
+                                          : tr("%1 pending changes").arg(_pending));
 }
 
 void SettingsDialog::validateSettings(Element* root)
@@ -215,9 +382,11 @@ void SettingsDialog::validateSettings(Element* root)
 
 void SettingsDialog::updateChanges(const QString& id)
 {
-    if (!id.isEmpty() || !_root)
-        return;
-    _root->iterateElements(acceptChanges, nullptr);
+    if (id.isEmpty() && _root) {
+        _root->iterateElements(acceptChanges, nullptr);
+        recordDeviceValues();
+    }
+    markChanges();
 }
 
 SettingsViewItem* SettingsDialog::findFavoriteItem(const QString& id) const
@@ -267,6 +436,7 @@ void SettingsDialog::elementChanged(const QString&)
     if (SettingsViewItem* item = rowOf(element))
         item->setText(1, concrete->displayValue());
     applyBtn->setEnabled(true);
+    markChanges();
 }
 
 void SettingsDialog::elementReset()
@@ -278,6 +448,7 @@ void SettingsDialog::elementReset()
         item->setText(1, QString());
         item->setText(1, concrete->displayValue());
     }
+    markChanges();
 }
 
 void SettingsDialog::changeVisibility(bool visible)
@@ -309,8 +480,25 @@ bool SettingsDialog::sendChanges(const QString& id)
     return accepted;
 }
 
+bool SettingsDialog::confirmAction(const Element* button)
+{
+    QMessageBox box(
+        QMessageBox::Warning, tr("Confirm"),
+        tr("\"%1\" cannot be undone.\nSend it to %2 now?").arg(button->title(), _devName),
+        QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* go = box.addButton(button->title(), QMessageBox::AcceptRole);
+    go->setObjectName(QStringLiteral("confirmAction"));
+    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+    box.exec();
+    return box.clickedButton() == go;
+}
+
 void SettingsDialog::buttonClicked(const QString& id)
 {
+    const Element* button = _root ? _root->findElement(id) : nullptr;
+    if (DestructiveAction::isDestructive(button) && !confirmAction(button))
+        return;
     if (sendChanges(id))
         updateChanges(id);
 }
@@ -320,9 +508,15 @@ void SettingsDialog::popupApplyClicked()
     auto* form = qobject_cast<FormElement*>(senderElement());
     if (!form)
         return;
-    if (sendChanges(form->id()))
-        updateChanges(form->id());
-    else
+    if (!reviewChanges(form)) {
+        form->setApplyRefused(); // the form stays open with its edits
+        return;
+    }
+    if (sendChanges(form->id())) {
+        form->iterateElements(recordShown, &_deviceShown);
+        // The form takes its values as the device's once this returns.
+        QTimer::singleShot(0, this, &SettingsDialog::markChanges);
+    } else
         form->setApplyRefused(); // the form keeps its edits pending
 }
 
@@ -397,9 +591,7 @@ void SettingsDialog::applyBtn_clicked()
     if (_root)
         _root->iterateElements(findInvalid, &search);
     if (!search.found) {
-        if (!confirmClearing())
-            return;
-        if (sendChanges(QString())) {
+        if (reviewChanges(_root) && sendChanges(QString())) {
             updateChanges(QString());
             applyBtn->setEnabled(false);
         }
@@ -414,11 +606,11 @@ void SettingsDialog::applyBtn_clicked()
     leadTo(invalid);
 }
 
-bool SettingsDialog::confirmClearing()
+bool SettingsDialog::confirmClearing(Element* under)
 {
     QList<ConcreteElement*> pending;
-    if (_root)
-        _root->iterateElements(collectPendingClearing, &pending);
+    if (under)
+        under->iterateElements(collectPendingClearing, &pending);
     if (pending.isEmpty())
         return true;
     QStringList names;
@@ -453,8 +645,68 @@ void SettingsDialog::leadTo(Element* element)
 
 void SettingsDialog::defBtn_clicked()
 {
+    Element* scope = askDefaultScope();
+    if (!scope)
+        return;
+    _holdMarks = true;
+    scope->iterateElements(restoreFactory, nullptr);
+    _holdMarks = false;
+    markChanges();
+}
+
+// Says what Default changes and lets the user choose all groups or the one shown; null when
+// the user declines or nothing would change.
+Element* SettingsDialog::askDefaultScope()
+{
+    FactorySearch all;
     if (_root)
-        _root->iterateElements(restoreFactory, nullptr);
+        _root->iterateElements(countFactoryChanges, &all);
+    if (all.settings == 0) {
+        QMessageBox::information(this, tr("Default"),
+                                 tr("Every setting already has the printer's factory value."));
+        return nullptr;
+    }
+    FactorySearch here;
+    if (_shownGroup)
+        _shownGroup->iterateElements(countFactoryChanges, &here);
+    QMessageBox box(QMessageBox::Question, tr("Default"),
+                    tr("Put settings back to the printer's factory values?\n\nAll groups: %1 "
+                       "setting(s) in %2 group(s).")
+                        .arg(all.settings)
+                        .arg(all.groups.size()),
+                    QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* everywhere = box.addButton(tr("&All groups"), QMessageBox::AcceptRole);
+    everywhere->setObjectName(QStringLiteral("defaultAll"));
+    QPushButton* only = nullptr;
+    if (here.settings > 0) {
+        box.setText(box.text() + QLatin1Char('\n') +
+                    tr("Only \"%1\": %2 setting(s).").arg(_shownGroup->title()).arg(here.settings));
+        only = box.addButton(tr("&Only this group"), QMessageBox::AcceptRole);
+        only->setObjectName(QStringLiteral("defaultGroup"));
+    }
+    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+    box.exec();
+    if (box.clickedButton() == everywhere)
+        return _root;
+    return only && box.clickedButton() == only ? _shownGroup : nullptr;
+}
+
+// Escape, Close and the window's close button: pending changes are sent, dropped or kept
+// as the user says.
+void SettingsDialog::reject()
+{
+    if (_pending > 0) {
+        const QMessageBox::StandardButton answer = PendingQuestion::ask(this, _pending);
+        if (answer == QMessageBox::Cancel)
+            return;
+        if (answer == QMessageBox::Apply) {
+            applyBtn_clicked();
+            if (_pending > 0)
+                return; // not sent: the user sees why and stays with the changes
+        }
+    }
+    SettingsDialogBase::reject();
 }
 
 void SettingsDialog::closeBtn_clicked()
@@ -607,7 +859,7 @@ void SettingsDialog::clearPanel()
 
 void SettingsDialog::slider_clicked()
 {
-    animateFold(favoriteList->isVisible());
+    animateFold(!favoriteList->isHidden());
 }
 
 void SettingsDialog::animateFold(bool fold)
@@ -621,6 +873,8 @@ void SettingsDialog::animateFold(bool fold)
         QThread::msleep(kFoldPauseMs);
     };
     if (fold) {
+        // The tree keeps its width: what the groups list frees goes to the panel.
+        paramList->setFixedWidth(paramList->width());
         _foldWidth = favoriteList->width();
         for (int i = 1; i <= kFoldSteps; ++i)
             step(qRound(double(kFoldSteps - i) * _foldWidth / kFoldSteps));
@@ -631,6 +885,8 @@ void SettingsDialog::animateFold(bool fold)
         QCoreApplication::processEvents();
         for (int i = 1; i <= kFoldSteps; ++i)
             step(qRound(double(_foldWidth) * i / kFoldSteps));
+        paramList->setMinimumWidth(_treeMinWidth);
+        paramList->setMaximumWidth(QWIDGETSIZE_MAX);
         slider->setText(QStringLiteral("<"));
     }
 }

@@ -37,6 +37,11 @@ public:
     // The element whose group the panel shows, and the panel itself.
     Element* shownGroup() const { return _shownGroup; }
     QWidget* panel() const;
+    // How many settings differ from what the device holds.
+    int pendingCount() const { return _pending; }
+    // Keeps the size and fold state for the next run on this model.
+    void done(int result) override;
+    void reject() override;
 
 public slots:
     void elementChanged(const QString& value);
@@ -75,11 +80,19 @@ private:
     void leadTo(Element* element);
     // Asks before values emptied at load are cleared on the device; false when the user
     // keeps them (nothing is sent then).
-    bool confirmClearing();
+    bool confirmClearing(Element* under);
     // Sends the changes of id (all changes when empty); tells the user when the printer
     // does not take them. True when sent and accepted.
     bool sendChanges(const QString& id);
     void animateFold(bool fold);
+    void restoreLayout();
+    void markChanges();
+    Element* askDefaultScope();
+    bool confirmAction(const Element* button);
+    // The values shown while the device's values are held, for the review's "before".
+    void recordDeviceValues();
+    // Asks the user to confirm the pending changes under `under`; true to send.
+    bool reviewChanges(Element* under);
 
     QScrollArea* _scroll = nullptr;
     QFrame* _panel = nullptr;
@@ -95,4 +108,8 @@ private:
     Element* _shownGroup = nullptr;
     QList<QPointer<Element>> _shownElements;
     int _foldWidth = 0;
+    int _treeMinWidth = 0;
+    int _pending = 0;
+    bool _holdMarks = false;
+    QHash<const Element*, QString> _deviceShown;
 };

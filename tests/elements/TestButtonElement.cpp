@@ -5,6 +5,8 @@
 #include "elements/FormElement.h"
 #include "ui/PopupForm.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -132,6 +134,12 @@ private slots:
                 QVERIFY(!popup->btnOK->isEnabled());
                 QTest::keyClicks(editor(popup, 0), "b");
                 QVERIFY(popup->btnOK->isEnabled());
+                // Close asks about the edit; Discard drops it.
+                QTimer::singleShot(0, [] {
+                    QApplication::activeModalWidget()
+                        ->findChild<QAbstractButton*>("pendingDiscard")
+                        ->click();
+                });
                 QTest::mouseClick(popup->btnCancel, Qt::LeftButton);
             },
             [button] { QTest::mouseClick(button, Qt::LeftButton); });

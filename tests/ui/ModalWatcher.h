@@ -1,12 +1,14 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QStringList>
 #include <QTimer>
 
 // Answers the message boxes a test provokes: records "title|text" of each and closes it,
-// so that modal boxes never block a test.
+// so that modal boxes never block a test. A box is answered with the button named first in
+// `answers` (object name or text without its '&') when there is one.
 class ModalWatcher : public QObject
 {
 public:
@@ -19,18 +21,29 @@ public:
     }
 
     QStringList seen;
+    QStringList answers;
 
 private:
     void poll()
     {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box || box == last)
+        // Marked rather than remembered: boxes on the stack reuse one another's address.
+        if (!box || box->property("watched").toBool())
             return;
-        last = box;
+        box->setProperty("watched", true);
         seen << box->windowTitle() + QLatin1Char('|') + box->text();
-        QTimer::singleShot(0, box, [box] { box->done(QMessageBox::Ok); });
+        const QString answer = answers.isEmpty() ? QString() : answers.takeFirst();
+        QTimer::singleShot(0, box, [box, answer] {
+            for (QAbstractButton* button : box->buttons()) {
+                if (!answer.isEmpty() &&
+                    (button->objectName() == answer || button->text().remove('&') == answer)) {
+                    button->click();
+                    return;
+                }
+            }
+            box->done(QMessageBox::Ok);
+        });
     }
 
     QTimer timer;
-    QMessageBox* last = nullptr;
 };

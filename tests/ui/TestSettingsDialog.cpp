@@ -5,16 +5,22 @@
 #include "elements/ButtonElement.h"
 #include "elements/ConcreteElement.h"
 #include "elements/FormElement.h"
+#include "ui/ChangeReview.h"
+#include "ui/DialogMemory.h"
 #include "ui/HelpViewer.h"
 #include "ui/PopupForm.h"
 #include "ui/SettingsDialog.h"
 #include "ui/SettingsViewItem.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSettings>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -29,7 +35,7 @@ const char kSpecification[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <SleepTimer TYPE="INTEGER" STRING="Sleep timer" CURRENT="5" FACTORY="15" MIN="1" MAX="240"/>
 <Location TYPE="EDITBOX" STRING="Location" CURRENT="Lab" FACTORY="Office"/>%1</General>
 <Network STRING="Network"><HostName TYPE="EDITBOX" STRING="Host name" CURRENT="printer"
- FACTORY="printer"/></Network><Service STRING="Service">
+ FACTORY="laser-1"/></Network><Service STRING="Service">
 <TestPage TYPE="BUTTON" STRING="Test page" BUTTONLABEL="Print"/></Service>
 </PrinterSettingsInfo></root>)";
 
@@ -108,7 +114,18 @@ class TestSettingsDialog : public QObject
         }
     };
 
+    QTemporaryDir config;
+
 private slots:
+    void initTestCase() { qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path())); }
+    // Every test starts from a dialog this user never resized or folded.
+    // The review is tested on its own; elsewhere Apply sends at once.
+    void init()
+    {
+        QSettings(DialogMemory::organisation(), DialogMemory::application()).clear();
+        ChangeReview::setWanted(false);
+    }
+
     void opensWithDeviceValues()
     {
         Setup s("<Owner TYPE='EDITBOX' STRING='Owner' CURRENT='not_allowed;'/>");
@@ -129,7 +146,7 @@ private slots:
         QCOMPARE(s.row("SleepTimer"), QString("30"));
         QVERIFY(s.dialog.applyBtn->isEnabled());
         click(s.dialog.applyBtn);
-        QVERIFY(s.boxes.seen.isEmpty());
+        QVERIFY2(s.boxes.seen.isEmpty(), qPrintable(s.boxes.seen.join("#")));
         QVERIFY(!s.dialog.applyBtn->isEnabled());
         QCOMPARE(s.setting("SleepTimer")->initial(), QString("30"));
         QVERIFY2(s.printer->stateText().contains("CURRENT=\"30\""),
@@ -283,14 +300,52 @@ private slots:
         QCOMPARE(qMakePair(margin->maximum(), margin->value()), qMakePair(18, 18));
     }
 
-    void defaultRestoresFactoryValues()
+    // Default says what it changes and may keep to the group shown; a destructive device
+    // button asks, naming the action, and goes out only when confirmed.
+    void defaultAndDestructiveButtonsAsk()
+    {
+        Setup s("<ResetCounter TYPE='BUTTON' STRING='Reset counter' BUTTONLABEL='Reset'/>");
+        show(s.dialog, "HostName");
+        s.boxes.answers = {"defaultGroup"};
+        click(s.dialog.defBtn);
+        QCOMPARE(s.boxes.seen.value(0),
+                 QString("Default|Put settings back to the printer's factory values?\n\nAll "
+                         "groups: 3 setting(s) in 2 group(s).\nOnly \"Network\": 1 setting(s)."));
+        QCOMPARE(s.row("HostName") + '|' + s.row("SleepTimer"), QString("laser-1|5"));
+        s.boxes.answers = {"defaultAll"};
+        click(s.dialog.defBtn);
+        QCOMPARE(s.row("SleepTimer") + '|' + s.row("Location"), QString("15|Office"));
+
+        auto* reset = qobject_cast<QPushButton*>(show(s.dialog, "ResetCounter"));
+        QVERIFY(reset);
+        s.boxes.answers = {"Cancel"};
+        click(reset);
+        QCOMPARE(s.boxes.seen.value(2), QString("Confirm|\"Reset counter\" cannot be undone.\n"
+                                                "Send it to Test Laser now?"));
+        QVERIFY(s.sent().isEmpty());
+        s.boxes.answers = {"confirmAction"};
+        click(reset);
+        QVERIFY2(s.sent().contains("<ResetCounter CURRENT=\"PRESSED\"/>"), s.sent().constData());
+    }
+
+    // Escape, Close and the window's close button ask about changes not yet sent.
+    void closeWithPendingChangesAsks()
     {
         Setup s;
-        click(s.dialog.defBtn);
-        QCOMPARE(s.setting("SleepTimer")->current() + '|' + s.row("SleepTimer") + '|' +
-                     s.row("Location"),
-                 QString("15|15|Office"));
-        QVERIFY(s.dialog.applyBtn->isEnabled());
+        s.setting("SleepTimer")->valueChange("30");
+        s.boxes.answers = {"pendingCancel"};
+        QTest::keyClick(&s.dialog, Qt::Key_Escape);
+        QVERIFY(s.dialog.isVisible());
+        s.boxes.answers = {"pendingDiscard"};
+        s.dialog.close();
+        QVERIFY(!s.dialog.isVisible());
+        QVERIFY(s.sent().isEmpty());
+        s.dialog.show();
+        s.boxes.answers = {"pendingApply"};
+        click(s.dialog.closeBtn);
+        QVERIFY(!s.dialog.isVisible());
+        QVERIFY(s.printer->stateText().contains("CURRENT=\"30\""));
+        QCOMPARE(s.boxes.seen.size(), 3);
     }
 
     void buttonPressIsSentAtOnce()
@@ -325,6 +380,140 @@ private slots:
         QVERIFY(s.dialog.favoriteList->isVisible());
         QCOMPARE(s.dialog.favoriteList->width(), width);
         QCOMPARE(s.dialog.slider->text(), QString("<"));
+    }
+
+    // Return moves from a row into its control and then stays with the field: it never
+    // presses the fold button, whichever widget has the focus.
+    void returnNeverFoldsTheGroups()
+    {
+        Setup s;
+        QVERIFY(QTest::qWaitForWindowActive(&s.dialog));
+        s.dialog.paramList->setFocus();
+        s.dialog.paramList->setCurrentItem(s.dialog.findParamItem("Location"));
+        QTest::keyClick(s.dialog.paramList, Qt::Key_Return);
+        auto* edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        QVERIFY(edit);
+        edit->selectAll();
+        QTest::keyClicks(edit, "Hall");
+        QTest::keyClick(edit, Qt::Key_Return);
+        QTest::keyClick(s.dialog.favoriteList, Qt::Key_Return);
+        QVERIFY(s.dialog.favoriteList->isVisible());
+        QCOMPARE(s.setting("Location")->current() + '|' + s.row("Location"), QString("Hall|Hall"));
+    }
+
+    // Edited through its field, a setting and its group turn bold and are counted beside
+    // Apply until the device has taken them.
+    void changesAreMarkedUntilSent()
+    {
+        Setup s;
+        auto* edit = qobject_cast<QLineEdit*>(show(s.dialog, "Location"));
+        QVERIFY(edit);
+        QTest::keyClick(edit, Qt::Key_End);
+        QTest::keyClicks(edit, "2");
+        SettingsViewItem* row = s.dialog.findParamItem("Location");
+        QVERIFY(row->font(0).bold() && row->parent()->font(0).bold());
+        QVERIFY(!s.dialog.findParamItem("Network")->font(0).bold());
+        QCOMPARE(s.dialog.pendingLabel->text(), QString("1 pending change"));
+        click(s.dialog.applyBtn);
+        QVERIFY(!row->font(0).bold() && !row->parent()->font(0).bold());
+        QCOMPARE(s.dialog.pendingLabel->text(), QString());
+    }
+
+    // Apply lists what goes out (secrets masked, cleared settings apart); Cancel keeps all of
+    // it pending, Apply sends it, and "Don't ask again" turns the review off.
+    void reviewBeforeSend()
+    {
+        ChangeReview::setWanted(true);
+        Setup s("<AdminPassword TYPE='EDITBOX' STRING='Admin password' CURRENT='old'/>");
+        for (const char* id : {"SleepTimer", "Location", "AdminPassword"}) {
+            QWidget* field = show(s.dialog, id);
+            field->setFocus();
+            QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClicks(field, *id == 'S' ? "30" : *id == 'L' ? "\b" : "new");
+        }
+        QStringList rows;
+        const auto answer = [&rows](const char* button, bool dontAsk) {
+            QTimer::singleShot(0, [&rows, button, dontAsk] {
+                QWidget* review = QApplication::activeModalWidget();
+                for (const auto* list : review->findChildren<QTreeWidget*>()) {
+                    for (int i = 0; i < list->topLevelItemCount(); ++i) {
+                        const QTreeWidgetItem* row = list->topLevelItem(i);
+                        rows << list->objectName() + ':' + row->text(0) + '|' + row->text(1) + '|' +
+                                    row->text(2);
+                    }
+                }
+                if (dontAsk)
+                    QTest::keyClick(review->findChild<QCheckBox*>("dontAsk"), Qt::Key_Space);
+                click(review->findChild<QPushButton*>(button));
+            });
+        };
+        answer("reviewCancel", false);
+        click(s.dialog.applyBtn);
+        QCOMPARE(rows, (QStringList{"changeList:Sleep timer|General|5 → 30",
+                                    "changeList:Admin password|General|••• → •••",
+                                    "clearedList:Location|General|Lab"}));
+        QVERIFY(s.sent().isEmpty());
+        QCOMPARE(s.dialog.pendingCount(), 3);
+        answer("reviewApply", true);
+        click(s.dialog.applyBtn);
+        QVERIFY2(s.printer->stateText().contains("CURRENT=\"30\"") &&
+                     s.printer->stateText().contains("CURRENT=\"new\""),
+                 s.printer->stateText().constData());
+        QCOMPARE(s.dialog.pendingCount(), 0);
+        QVERIFY(!ChangeReview::isWanted());
+    }
+
+    void resizableAndRememberedPerModel()
+    {
+        QSize size;
+        {
+            Setup s;
+            QVERIFY(s.dialog.windowFlags() & Qt::WindowMaximizeButtonHint);
+            s.dialog.resize(s.dialog.size() + QSize(120, 60));
+            size = s.dialog.size();
+            const int panel = s.dialog.paramFrame->width();
+            const int groups = s.dialog.favoriteList->width();
+            click(s.dialog.slider);
+            QVERIFY(s.dialog.paramFrame->width() >= panel + groups);
+            QTest::keyClick(&s.dialog, Qt::Key_Escape);
+        }
+        Setup s;
+        QCOMPARE(s.dialog.size(), size);
+        QVERIFY(!s.dialog.favoriteList->isVisible());
+        click(s.dialog.slider);
+        QVERIFY(s.dialog.favoriteList->isVisible());
+    }
+
+    void samplesNeedNoSidewaysScrolling_data()
+    {
+        addRows({"sample"}, {{"laser", "laser_mfp.xml"}, {"inkjet", "inkjet_mfp.xml"}});
+    }
+    void samplesNeedNoSidewaysScrolling()
+    {
+        QFETCH(QString, sample);
+        QTemporaryDir dir;
+        QVERIFY(QFile::copy(QString(TAV_DATA_DIR "/") + sample, dir.filePath("tav.xml")));
+        QFile::copy(QString(TAV_DATA_DIR "/dependencies.xml"), dir.filePath("dependencies.xml"));
+        const QString before = QDir::currentPath();
+        QDir::setCurrent(dir.path());
+        const auto restore = qScopeGuard([&before] { QDir::setCurrent(before); });
+        ModalWatcher boxes;
+        Configurator configurator(dir.path(), dir.filePath("none"), "Sample", true, false, false,
+                                  false);
+        QVERIFY(configurator.getPrinterSettings());
+        SettingsDialog dialog;
+        dialog.initialize(&configurator, "Sample");
+        dialog.show();
+        auto* scroll = dialog.findChild<QScrollArea*>("panelScroll");
+        QStringList clipped;
+        for (QTreeWidgetItemIterator it(dialog.paramList); *it; ++it) {
+            dialog.paramList->setCurrentItem(*it);
+            QCoreApplication::processEvents();
+            if (scroll->horizontalScrollBar()->isVisible())
+                clipped << dialog.shownGroup()->title();
+        }
+        clipped.removeDuplicates();
+        QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join(", ")));
     }
 
     void helpShowsTheLocalPage()
