@@ -3,36 +3,16 @@
 
 #include "usbgadget/ControlEndpoint.h"
 #include "usbgadget/FunctionFsPort.h"
+#include "vprinter/SignalStop.h"
 #include "vprinter/VirtualPrinter.h"
 #include "vprinter/VirtualPrinterCommandLine.h"
 
 #include <QCoreApplication>
 #include <QFile>
 
-#include <csignal>
 #include <cstdio>
 
 namespace {
-
-VirtualPrinter* running = nullptr;
-
-void onSignal(int)
-{
-    if (running)
-        running->stop();
-}
-
-void installSignalHandlers()
-{
-    struct sigaction action
-    {
-    };
-    action.sa_handler = onSignal;
-    sigemptyset(&action.sa_mask);
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
-    signal(SIGPIPE, SIG_IGN);
-}
 
 const QString kFunctionFs = QStringLiteral("ffs");
 const QString kWakeProbes = QStringLiteral("wake-probes");
@@ -110,9 +90,5 @@ int main(int argc, char* argv[])
     const QString ready = commandLine.commandLine().value(kReady);
     if (!ready.isEmpty())
         QFile(ready).open(QIODevice::WriteOnly);
-    running = &printer;
-    installSignalHandlers();
-    const int status = printer.run();
-    running = nullptr;
-    return status;
+    return SignalStop::run(printer);
 }

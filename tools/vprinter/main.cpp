@@ -1,38 +1,13 @@
 // tav-vprinter: a USB multi-function printer's data channel on a pseudo-terminal, for
 // trying the settings program without a printer and for tests.
 
+#include "vprinter/SignalStop.h"
 #include "vprinter/VirtualPrinter.h"
 #include "vprinter/VirtualPrinterCommandLine.h"
 
 #include <QCoreApplication>
 
-#include <csignal>
 #include <cstdio>
-
-namespace {
-
-VirtualPrinter* running = nullptr;
-
-void onSignal(int)
-{
-    if (running)
-        running->stop();
-}
-
-void installSignalHandlers()
-{
-    struct sigaction action
-    {
-    };
-    action.sa_handler = onSignal;
-    sigemptyset(&action.sa_mask);
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
-    sigaction(SIGHUP, &action, nullptr);
-    signal(SIGPIPE, SIG_IGN);
-}
-
-} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -62,9 +37,5 @@ int main(int argc, char* argv[])
         fprintf(stderr, "tav-vprinter: %s\n", qPrintable(error));
         return 1;
     }
-    running = &printer;
-    installSignalHandlers();
-    const int status = printer.run();
-    running = nullptr;
-    return status;
+    return SignalStop::run(printer);
 }
