@@ -76,3 +76,12 @@ QByteArray SpecGenerator::generate(int settings)
     text += QStringLiteral("</PrinterSettingsInfo></root>\n");
     return text.toUtf8();
 }
+
+QByteArray SpecGenerator::ofSize(int bytes)
+{
+    QByteArray text("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<root><PrinterSettingsInfo>\n");
+    for (int i = 0; text.size() < bytes - 40; ++i)
+        text += "<Setting" + QByteArray::number(i) +
+                " TYPE=\"INTEGER\" STRING=\"Setting\" CURRENT=\"5\" MIN=\"1\" MAX=\"60\"/>\n";
+    return text + "</PrinterSettingsInfo></root>\n";
+}

@@ -8,4 +8,6 @@ class SpecGenerator
 {
 public:
     static QByteArray generate(int settings);
+    // A flat specification of about `bytes` bytes of small settings, for transfer timings.
+    static QByteArray ofSize(int bytes);
 };

@@ -1,6 +1,7 @@
 // Moves settings specifications of 100 KB, 1 MB and 10 MB from the virtual printer through
 // TAVClient, beside the bare throughput of the same pseudo-terminal, and prints the ratio.
 
+#include "../parse/SpecGenerator.h"
 #include "app/Log.h"
 #include "io/TAVClient.h"
 #include "vprinter/VirtualPrinter.h"
@@ -18,16 +19,6 @@
 namespace {
 
 constexpr int kRounds = 9;
-
-// A specification of about `size` bytes: many small settings, like a real device's.
-QByteArray specification(int size)
-{
-    QByteArray text("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<root><PrinterSettingsInfo>\n");
-    for (int i = 0; text.size() < size - 40; ++i)
-        text += "<Setting" + QByteArray::number(i) +
-                " TYPE=\"INTEGER\" STRING=\"Setting\" CURRENT=\"5\" MIN=\"1\" MAX=\"60\"/>\n";
-    return text + "</PrinterSettingsInfo></root>\n";
-}
 
 // Milliseconds to push `size` bytes through the terminal with plain reads and writes.
 double bareMilliseconds(int master, const QString& slavePath, int size)
@@ -78,7 +69,7 @@ double clientMilliseconds(const QString& path, int expected)
 bool measure(const QString& folder, int size)
 {
     const QString file = folder + QStringLiteral("/spec-%1.xml").arg(size);
-    const QByteArray text = specification(size);
+    const QByteArray text = SpecGenerator::ofSize(size);
     QFile out(file);
     if (!out.open(QIODevice::WriteOnly) || out.write(text) != text.size())
         return false;

@@ -3,6 +3,7 @@
 // the same device node, and prints the ratio. Runs inside the USB test guest:
 // scripts/usb-guest/run-bench.sh boots it.
 
+#include "../parse/SpecGenerator.h"
 #include "app/Log.h"
 #include "io/TAVClient.h"
 #include "io/TAVCommand.h"
@@ -20,15 +21,6 @@ namespace {
 constexpr int kRounds = 3;
 const char kLp[] = "/dev/usb/lp0";
 const QString kSpecFile = QStringLiteral("/tmp/bench-spec.xml");
-
-QByteArray specification(int size)
-{
-    QByteArray text("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<root><PrinterSettingsInfo>\n");
-    for (int i = 0; text.size() < size - 40; ++i)
-        text += "<Setting" + QByteArray::number(i) +
-                " TYPE=\"INTEGER\" STRING=\"Setting\" CURRENT=\"5\" MIN=\"1\" MAX=\"60\"/>\n";
-    return text + "</PrinterSettingsInfo></root>\n";
-}
 
 bool plugIn(const QByteArray& text)
 {
@@ -78,7 +70,7 @@ double clientMilliseconds(int size)
 
 bool measure(int size)
 {
-    const QByteArray text = specification(size);
+    const QByteArray text = SpecGenerator::ofSize(size);
     if (!plugIn(text))
         return false;
     double bare = 1e18;
