@@ -1,10 +1,12 @@
 // Opening one group of 3,000 settings beside one of 50,000 in the same run: reading the
-// specification, then building the dialog with the group's controls until it is shown. The
-// ratio of the two times against the ratio of the sizes shows whether opening a group grows
-// linearly with it.
+// specification, then building the dialog until it is shown with the group's first controls,
+// then until the panel holds every control of the group (made while the window is already
+// answering). The ratio of the times against the ratio of the sizes shows whether opening a
+// group grows linearly with it.
 #include "app/Configurator.h"
 #include "app/Log.h"
 #include "ui/SettingsDialog.h"
+#include "ui/SettingsPanel.h"
 
 #include <QApplication>
 #include <QDir>
@@ -41,6 +43,7 @@ struct Timing
 {
     qint64 readMs = 0;
     qint64 showMs = 0;
+    qint64 completeMs = 0; // from the start, until every control is made
     int controls = 0;
 };
 
@@ -64,18 +67,25 @@ Timing open(int settings)
     dialog.show();
     QApplication::processEvents();
     timing.showMs = clock.elapsed();
-    timing.controls = int(dialog.panel()->children().size());
+    const auto* panel = dialog.findChild<SettingsPanel*>();
+    while (!panel->isComplete())
+        QApplication::processEvents();
+    timing.completeMs = timing.readMs + clock.elapsed();
+    for (const QWidget* block : dialog.panel()->findChildren<QWidget*>(QStringLiteral("panelBlock"),
+                                                                       Qt::FindDirectChildrenOnly))
+        timing.controls += block->layout()->count();
     return timing;
 }
 
 void print(const char* name, int settings, const Timing& timing)
 {
-    printf("%-6s %7d settings: read %6lld ms, dialog shown %6lld ms, total %6lld ms "
-           "(%.1f us per setting; %d panel children)\n",
+    printf("%-6s %7d settings: read %6lld ms, dialog shown %6lld ms, shown after %6lld ms, "
+           "every control after %6lld ms (%.1f us per setting; %d controls)\n",
            name, settings, static_cast<long long>(timing.readMs),
            static_cast<long long>(timing.showMs),
            static_cast<long long>(timing.readMs + timing.showMs),
-           1000.0 * double(timing.readMs + timing.showMs) / settings, timing.controls);
+           static_cast<long long>(timing.completeMs), 1000.0 * double(timing.completeMs) / settings,
+           timing.controls);
 }
 
 } // namespace
@@ -93,10 +103,13 @@ int main(int argc, char* argv[])
 
     const double sizeRatio = double(kLarge) / kSmall;
     const auto ratio = [](qint64 a, qint64 b) { return double(a) / double(qMax<qint64>(b, 1)); };
-    printf("ratio large/small: settings %.1f, read %.1f, dialog shown %.1f, total %.1f "
-           "(linear growth gives the settings ratio)\n",
+    printf("ratio large/small: settings %.1f, read %.1f, dialog shown %.1f, shown after %.1f, "
+           "every control %.1f (linear growth gives the settings ratio)\n",
            sizeRatio, ratio(large.readMs, small.readMs), ratio(large.showMs, small.showMs),
-           ratio(large.readMs + large.showMs, small.readMs + small.showMs));
-    printf("large group open within 5 s: %s\n", large.readMs + large.showMs <= 5000 ? "yes" : "NO");
+           ratio(large.readMs + large.showMs, small.readMs + small.showMs),
+           ratio(large.completeMs, small.completeMs));
+    printf("large group shown within 5 s: %s; every control made within 5 s: %s\n",
+           large.readMs + large.showMs <= 5000 ? "yes" : "NO",
+           large.completeMs <= 5000 ? "yes" : "NO");
     return 0;
 }

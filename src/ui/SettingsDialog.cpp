@@ -16,6 +16,7 @@
 #include "ui/DialogMemory.h"
 #include "ui/HelpViewer.h"
 #include "ui/PendingQuestion.h"
+#include "ui/SettingsPanel.h"
 #include "ui/SettingsViewItem.h"
 #include "xml/ElementType.h"
 
@@ -24,7 +25,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QResizeEvent>
-#include <QScrollArea>
 #include <QSet>
 #include <QThread>
 #include <QTimer>
@@ -35,8 +35,6 @@ namespace {
 
 constexpr int kFoldSteps = 25;
 constexpr int kFoldPauseMs = 2;
-// Controls made between two deliveries of the events they queue.
-constexpr int kPanelBlock = 256;
 
 struct InvalidSearch
 {
@@ -193,16 +191,10 @@ SettingsDialog::SettingsDialog(QWidget* parent, const char* name, Qt::WindowFlag
 
     auto* frameLayout = new QVBoxLayout(paramFrame);
     frameLayout->setContentsMargins(0, 0, 0, 0);
-    _scroll = new QScrollArea(paramFrame);
-    _scroll->setObjectName(QStringLiteral("panelScroll"));
-    _scroll->setWidgetResizable(true);
-    _scroll->setFrameShape(QFrame::StyledPanel);
-    _panel = new QFrame;
-    _panel->setObjectName(QStringLiteral("panel"));
-    _panelLayout = new QVBoxLayout(_panel);
-    _panelLayout->addStretch(1);
-    _scroll->setWidget(_panel);
-    frameLayout->addWidget(_scroll);
+    _panel = new SettingsPanel(paramFrame);
+    _panel->setObjectName(QStringLiteral("panelScroll"));
+    frameLayout->addWidget(_panel);
+    connect(_panel, &SettingsPanel::controlsAdded, this, &SettingsDialog::chainPanelFocus);
 
     paramList->header()->setSectionResizeMode(0, QHeaderView::Interactive);
     paramList->header()->setStretchLastSection(true);
@@ -233,12 +225,22 @@ SettingsDialog::SettingsDialog(QWidget* parent, const char* name, Qt::WindowFlag
 
 SettingsDialog::~SettingsDialog()
 {
-    clearPanel();
+    _panel->clear();
 }
 
 QWidget* SettingsDialog::panel() const
 {
-    return _panel;
+    return _panel->content();
+}
+
+Element* SettingsDialog::shownGroup() const
+{
+    return _panel->group();
+}
+
+QWidget* SettingsDialog::controlOf(Element* element) const
+{
+    return _panel->controlOf(element);
 }
 
 void SettingsDialog::initialize(Configurator* configurator, const QString& devName)
@@ -286,7 +288,7 @@ void SettingsDialog::done(int result)
 
 void SettingsDialog::fillSettings(Element* root)
 {
-    clearPanel();
+    _panel->clear();
     favoriteList->clear();
     paramList->clear();
     _paramItems.clear();
@@ -636,7 +638,7 @@ void SettingsDialog::leadTo(Element* element)
         if (SettingsViewItem* item = findParamItem(e->id())) {
             paramList->setCurrentItem(item);
             paramList->scrollToItem(item);
-            if (QWidget* control = element->control())
+            if (QWidget* control = controlOf(element))
                 control->setFocus(Qt::OtherFocusReason);
             return;
         }
@@ -667,8 +669,8 @@ Element* SettingsDialog::askDefaultScope()
         return nullptr;
     }
     FactorySearch here;
-    if (_shownGroup)
-        _shownGroup->iterateElements(countFactoryChanges, &here);
+    if (shownGroup())
+        shownGroup()->iterateElements(countFactoryChanges, &here);
     QMessageBox box(QMessageBox::Question, tr("Default"),
                     tr("Put settings back to the printer's factory values?\n\nAll groups: %1 "
                        "setting(s) in %2 group(s).")
@@ -680,8 +682,9 @@ Element* SettingsDialog::askDefaultScope()
     everywhere->setObjectName(QStringLiteral("defaultAll"));
     QPushButton* only = nullptr;
     if (here.settings > 0) {
-        box.setText(box.text() + QLatin1Char('\n') +
-                    tr("Only \"%1\": %2 setting(s).").arg(_shownGroup->title()).arg(here.settings));
+        box.setText(
+            box.text() + QLatin1Char('\n') +
+            tr("Only \"%1\": %2 setting(s).").arg(shownGroup()->title()).arg(here.settings));
         only = box.addButton(tr("&Only this group"), QMessageBox::AcceptRole);
         only->setObjectName(QStringLiteral("defaultGroup"));
     }
@@ -689,7 +692,7 @@ Element* SettingsDialog::askDefaultScope()
     box.exec();
     if (box.clickedButton() == everywhere)
         return _root;
-    return only && box.clickedButton() == only ? _shownGroup : nullptr;
+    return only && box.clickedButton() == only ? shownGroup() : nullptr;
 }
 
 // Escape, Close and the window's close button: pending changes are sent, dropped or kept
@@ -746,9 +749,9 @@ void SettingsDialog::paramList_selectionChanged(QTreeWidgetItem* current)
     showGroupOf(element);
 
     // Keep the favourites in step with the group being shown.
-    const QString groupId = _shownGroup ? _shownGroup->id() : QString();
+    const QString groupId = shownGroup() ? shownGroup()->id() : QString();
     SettingsViewItem* favourite = findFavoriteItem(groupId);
-    for (Element* e = _shownGroup; !favourite && e; e = e->parentElement())
+    for (Element* e = shownGroup(); !favourite && e; e = e->parentElement())
         favourite = findFavoriteItem(e->id());
     if (!favourite) {
         TAV_LOG(10, "findFavoriteItem() failure");
@@ -757,15 +760,15 @@ void SettingsDialog::paramList_selectionChanged(QTreeWidgetItem* current)
         favoriteList->setCurrentItem(favourite);
     }
 
-    if (QWidget* control = element->control())
-        _scroll->ensureWidgetVisible(control);
+    if (QWidget* control = controlOf(element))
+        _panel->ensureWidgetVisible(control);
 }
 
 // Enter (or a double click) on a row moves into the setting's control.
 void SettingsDialog::paramList_activated(QTreeWidgetItem* current)
 {
     auto* item = static_cast<SettingsViewItem*>(current);
-    QWidget* control = item && item->element() ? item->element()->control() : nullptr;
+    QWidget* control = item && item->element() ? controlOf(item->element()) : nullptr;
     if (!control)
         return;
     QWidget* target = control->focusProxy() ? control->focusProxy() : control;
@@ -784,32 +787,30 @@ void SettingsDialog::paramList_activated(QTreeWidgetItem* current)
 // Tab runs from the parameter tree through the panel's controls to the dialog buttons.
 // New controls join the end of the window's focus chain in the order they were made, which is
 // the panel's order. So rather than placing each of them (every placement walks the chain,
-// which made a large group quadratic), the widgets between the parameter list and the first
-// control move behind the last control, the help button first, as before.
-void SettingsDialog::chainPanelFocus()
+// which made a large group quadratic), the dialog's own widgets that follow the parameter
+// list move behind the last control of each block the panel adds, the help button first.
+void SettingsDialog::chainPanelFocus(QWidget* block)
 {
-    const auto inPanel = [this](QWidget* w) { return w != _panel && _panel->isAncestorOf(w); };
-    QList<QWidget*> following{helpBtn};
-    QWidget* first = nullptr;
-    for (QWidget* w = paramList->nextInFocusChain(); w != paramList && !first;
-         w = w->nextInFocusChain()) {
-        if (inPanel(w))
-            first = w;
-        else if (w != helpBtn && (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy() &&
-                 !paramList->isAncestorOf(w) && w->window() == this)
-            following.append(w);
-    }
-    if (!first) {
-        QWidget::setTabOrder(paramList, helpBtn);
-        return;
-    }
-    QWidget* last = first;
-    while (inPanel(last->nextInFocusChain()))
+    QWidget* last = block;
+    while (block->isAncestorOf(last->nextInFocusChain()))
         last = last->nextInFocusChain();
-    for (QWidget* w : std::as_const(following)) {
+    for (QWidget* w : std::as_const(_focusFollowers)) {
         QWidget::setTabOrder(last, w);
         last = w;
     }
+}
+
+// The widgets Tab reaches after the parameter list, read while the panel is empty.
+void SettingsDialog::findFocusFollowers()
+{
+    _focusFollowers = {helpBtn};
+    for (QWidget* w = paramList->nextInFocusChain(); w != paramList && w != this;
+         w = w->nextInFocusChain()) {
+        if (w != helpBtn && (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy() &&
+            !paramList->isAncestorOf(w) && w->window() == this)
+            _focusFollowers.append(w);
+    }
+    QWidget::setTabOrder(paramList, helpBtn);
 }
 
 void SettingsDialog::showGroupOf(Element* element)
@@ -817,44 +818,19 @@ void SettingsDialog::showGroupOf(Element* element)
     Element* group = isPanelGroup(element) ? element : element->parentElement();
     while (group && !isPanelGroup(group))
         group = group->parentElement();
-    if (!group || group == _shownGroup)
+    if (!group || group == shownGroup())
         return;
-    clearPanel();
-    _shownGroup = group;
-    // Built hidden, so that no control queues its own showing, and with the events its
-    // controls queue delivered in blocks: Qt looks through the whole queue each time a layout
-    // request is queued, which made opening a large group quadratic in its size.
-    const bool wasHidden = _panel->isHidden();
-    _panel->hide();
-    const auto children = static_cast<ComplexElement*>(group)->elements();
-    int position = 0;
-    for (Element* child : children) {
-        if (isPanelGroup(child))
-            continue;
-        QWidget* control = child->createControl(_panel);
-        if (!control)
-            continue;
-        _panelLayout->insertWidget(position++, control);
-        _shownElements.append(child);
-        const SettingsViewItem* row = findParamItem(child->id());
-        if (row && row->isHidden())
-            control->hide();
-        if (position % kPanelBlock == 0)
-            QCoreApplication::sendPostedEvents();
+    QList<Element*> members;
+    for (Element* child : static_cast<ComplexElement*>(group)->elements()) {
+        if (!isPanelGroup(child))
+            members.append(child);
     }
-    if (!wasHidden)
-        _panel->show();
-    chainPanelFocus();
-}
-
-void SettingsDialog::clearPanel()
-{
-    for (const QPointer<Element>& element : std::as_const(_shownElements)) {
-        if (element)
-            element->deleteControl();
-    }
-    _shownElements.clear();
-    _shownGroup = nullptr;
+    _panel->clear();
+    findFocusFollowers();
+    _panel->showGroup(group, members, [this](const Element* member) {
+        const SettingsViewItem* row = findParamItem(member->id());
+        return row && row->isHidden();
+    });
 }
 
 void SettingsDialog::slider_clicked()

@@ -5,14 +5,11 @@
 #include <QHash>
 #include <QList>
 #include <QPixmap>
-#include <QPointer>
 
 class Configurator;
 class Element;
-class QFrame;
-class QScrollArea;
 class QTreeWidgetItem;
-class QVBoxLayout;
+class SettingsPanel;
 class SettingsViewItem;
 
 // The program's main window: favourite groups, the parameter tree with its values, and a
@@ -35,7 +32,7 @@ public:
     SettingsViewItem* findFavoriteItem(const QString& id) const;
     SettingsViewItem* findParamItem(const QString& id) const;
     // The element whose group the panel shows, and the panel itself.
-    Element* shownGroup() const { return _shownGroup; }
+    Element* shownGroup() const;
     QWidget* panel() const;
     // How many settings differ from what the device holds.
     int pendingCount() const { return _pending; }
@@ -75,8 +72,10 @@ private:
     Element* senderElement() const;
     SettingsViewItem* rowOf(Element* element) const;
     void showGroupOf(Element* element);
-    void clearPanel();
-    void chainPanelFocus();
+    // The control of an element, made now when the panel was still to make it.
+    QWidget* controlOf(Element* element) const;
+    void chainPanelFocus(QWidget* block);
+    void findFocusFollowers();
     void leadTo(Element* element);
     // Asks before values emptied at load are cleared on the device; false when the user
     // keeps them (nothing is sent then).
@@ -94,9 +93,7 @@ private:
     // Asks the user to confirm the pending changes under `under`; true to send.
     bool reviewChanges(Element* under);
 
-    QScrollArea* _scroll = nullptr;
-    QFrame* _panel = nullptr;
-    QVBoxLayout* _panelLayout = nullptr;
+    SettingsPanel* _panel = nullptr;
     Configurator* _configurator = nullptr;
     int _selected = 0;
     Element* _root = nullptr;
@@ -105,11 +102,10 @@ private:
     QString _devName;
 
     QHash<QString, SettingsViewItem*> _paramItems;
-    Element* _shownGroup = nullptr;
-    QList<QPointer<Element>> _shownElements;
     int _foldWidth = 0;
     int _treeMinWidth = 0;
     int _pending = 0;
     bool _holdMarks = false;
     QHash<const Element*, QString> _deviceShown;
+    QList<QWidget*> _focusFollowers;
 };

@@ -175,6 +175,31 @@ private slots:
         QCOMPARE(tav.exitCode(), 0);
     }
 
+    // A group of 50,000 settings opens without freezing the window, and its last setting,
+    // reached from the tree before the panel has filled in, is edited and sent.
+    void hugeGroupStaysUsable()
+    {
+        QString many;
+        for (int i = 0; i < 50000; ++i)
+            many += QString("<E%1 TYPE=\"EDITBOX\" STRING=\"Edit %1\" CURRENT=\"v\"/>").arg(i);
+        Installation app;
+        VirtualPrinterProcess printer(app.writeSpecification(many), app.dir.path());
+        QVERIFY(printer.isReady());
+        QProcess tav;
+        app.start(tav, printer.link, {"save_tav_send"});
+        const QString dialog = waitForWindow(kDevName);
+        QVERIFY(!dialog.isEmpty());
+        // A click on the group's row in the tree; Right unfolds it, End goes to its last row.
+        xdotool({"mousemove", "--window", dialog, "--sync", "400", "38", "click", "1"});
+        pressKeys(dialog, {"Right", "End", "Return", "ctrl+a", "w", "alt+a"});
+        QTRY_VERIFY_WITH_TIMEOUT(app.savedFile("tav_send(%1).xml").contains("E49999"), 40000);
+        QCOMPARE(app.savedFile("tav_send(%1).xml").count("CURRENT="), 1);
+        QTRY_VERIFY_WITH_TIMEOUT(printer.stateText().contains("CURRENT=\"w\""), 15000);
+        pressKeys(dialog, {"alt+c"});
+        QVERIFY(tav.waitForFinished(15000));
+        QCOMPARE(tav.exitCode(), 0);
+    }
+
     void secondStartLeavesTheDeviceToTheFirst()
     {
         Installation app;

@@ -382,6 +382,38 @@ private slots:
         QCOMPARE(s.dialog.slider->text(), QString("<"));
     }
 
+    // A group larger than a block of controls opens with its first block and fills in while
+    // the event loop runs: a setting chosen before its turn is made at once, the controls end
+    // up in the group's order with Tab running through them to Help, and leaving the group
+    // stops the filling.
+    void largeGroupFillsInWhileShown()
+    {
+        QString many;
+        for (int i = 0; i < 700; ++i)
+            many += QString("<E%1 TYPE='EDITBOX' STRING='Edit %1' CURRENT='v'/>").arg(i);
+        {
+            Setup s(many);
+            QVERIFY(!s.element("E699")->control());
+            QWidget* last = show(s.dialog, "E699");
+            QVERIFY(last && !last->visibleRegion().isEmpty());
+            QTRY_VERIFY(s.element("E698")->control());
+            int y = -1;
+            for (int i = 0; i < 700; ++i) {
+                QWidget* c = s.element(qPrintable(QString("E%1").arg(i)))->control();
+                const int at = c->mapTo(s.dialog.panel(), QPoint()).y();
+                QVERIFY2(at > y, qPrintable(QString("E%1").arg(i)));
+                y = at;
+            }
+            last->setFocus();
+            QCOMPARE(last->nextInFocusChain(), static_cast<QWidget*>(s.dialog.helpBtn));
+        }
+        Setup s(many);
+        s.dialog.favoriteList->setCurrentItem(s.dialog.favoriteList->topLevelItem(1));
+        QTest::qWait(100);
+        QVERIFY(!s.element("E0")->control() && !s.element("E699")->control());
+        QCOMPARE(s.dialog.shownGroup()->id(), QString("Network"));
+    }
+
     // Return moves from a row into its control and then stays with the field: it never
     // presses the fold button, whichever widget has the focus.
     void returnNeverFoldsTheGroups()

@@ -7,7 +7,9 @@
 
 #include <QCoreApplication>
 
+#include <csignal>
 #include <cstdio>
+#include <sys/prctl.h>
 
 int main(int argc, char* argv[])
 {
@@ -27,6 +29,9 @@ int main(int argc, char* argv[])
         break;
     }
 
+    // Ends with the program that started it (a test that crashed, a demo that was closed):
+    // left behind, it would keep holding that program's output pipes open.
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
     VirtualPrinter printer(commandLine.options());
     QString error;
     printer.setPathListener([](const QString& path) {
