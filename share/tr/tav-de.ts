@@ -881,6 +881,26 @@ Alle Gruppen: %1 Einstellung(en) in %2 Gruppe(n).</translation>
         <source>&amp;Only this group</source>
         <translation>Nur diese &amp;Gruppe</translation>
     </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Not sent:</source>
+        <translation>Nicht gesendet:</translation>
+    </message>
+    <message>
+        <source>%1 sent</source>
+        <translation>%1 gesendet</translation>
+    </message>
+    <message>
+        <source>1 setting sent to %1</source>
+        <translation>1 Einstellung an %1 gesendet</translation>
+    </message>
+    <message>
+        <source>%1 settings sent to %2</source>
+        <translation>%1 Einstellungen an %2 gesendet</translation>
+    </message>
 </context>
 <context>
     <name>SettingsDialogBase</name>

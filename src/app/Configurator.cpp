@@ -42,11 +42,6 @@ const char kCapabilitiesFile[] = "../share/capabilities.xml";
 const char kTranslationFolder[] = "../share/translation/";
 const char kLogoFile[] = "../share/icons/logo.png";
 
-QString applicationTitle()
-{
-    return QCoreApplication::translate("Configurator", "Tavolor");
-}
-
 QString copyrightText()
 {
     return QCoreApplication::translate("Configurator",
@@ -100,6 +95,11 @@ Configurator::Configurator(const QString& programDir, const QString& devPath,
     MimeSourceFactory_dorn::registerImages();
     reportVersion();
     caps = lookupCapabilities(resolvePath(QLatin1String(kCapabilitiesFile)), devName);
+}
+
+QString Configurator::applicationTitle()
+{
+    return QCoreApplication::translate("Configurator", "Tavolor");
 }
 
 Configurator::~Configurator() = default;

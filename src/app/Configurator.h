@@ -21,6 +21,9 @@ public:
                  bool useLocal, bool saveSend, bool saveSpec, bool saveNew);
     ~Configurator() override;
 
+    // The program's name as windows show it.
+    static QString applicationTitle();
+
     Element* getPrinterSettings();
     // The specification as 8-bit text: each character is one byte of the document, as the
     // device or the local file holds it.

@@ -1,5 +1,7 @@
 #include "app/DeviceTask.h"
 
+#include "app/Configurator.h"
+
 #include <QApplication>
 #include <QEventLoop>
 #include <QProgressDialog>
@@ -45,7 +47,7 @@ void DeviceTask::waitingForAnswer()
 void DeviceTask::setUpDialog(QProgressDialog& progress, bool cancellable)
 {
     progress.setObjectName(QStringLiteral("deviceProgress"));
-    progress.setWindowTitle(QApplication::applicationDisplayName());
+    progress.setWindowTitle(Configurator::applicationTitle());
     progress.setWindowModality(Qt::ApplicationModal);
     if (cancellable) {
         progress.setCancelButtonText(QCoreApplication::translate("DeviceTask", "Cancel"));

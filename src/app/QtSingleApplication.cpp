@@ -161,6 +161,8 @@ void QtSingleApplication::activateMainWidget()
     }
     if (!widget)
         return;
+    if (widget->isMinimized())
+        widget->setWindowState(widget->windowState() & ~Qt::WindowMinimized);
     widget->raise();
     widget->activateWindow();
 }

@@ -3,6 +3,7 @@
 #include "app/Log.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
@@ -17,4 +18,18 @@ void installTranslation(QCoreApplication* application, const QString& shareFolde
         application->installTranslator(translator);
     else
         delete translator;
+}
+
+void installQtTranslation(QCoreApplication* application)
+{
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    auto* translator = new QTranslator(application);
+    if (translator->load(QLocale::system(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                         folder)) {
+        application->installTranslator(translator);
+        return;
+    }
+    TAV_LOG(10, "no Qt translation for '%s' in '%s'", qPrintable(QLocale::system().name()),
+            qPrintable(folder));
+    delete translator;
 }

@@ -69,11 +69,13 @@ int main(int argc, char** argv)
             .absolutePath();
     for (const char* const* name = translationNames; *name; ++name)
         installTranslation(&app, shareFolder, QString::fromLatin1(*name));
+    installQtTranslation(&app);
 
     // Another instance already works on this printer for this user: it keeps the device.
     if (app.sendMessage(instanceId, 5000))
         return 0;
-    app.initialize(false);
+    // A later start for the same printer brings this window back to the front.
+    app.initialize(true);
 
     // Resolved before the working directory changes: a relative argv[0] names the program
     // from where it was started.

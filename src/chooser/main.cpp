@@ -18,6 +18,7 @@ int main(int argc, char** argv)
     const QString shareDir = QDir(binDir + QStringLiteral("/../share")).absolutePath();
     for (const char* const* name = translationNames; *name; ++name)
         installTranslation(&app, shareDir, QString::fromLatin1(*name));
+    installQtTranslation(&app);
 
     const DiscoveredPrinters printers = PrinterDiscovery::list();
     if (printers.size() == 1 && !app.arguments().contains(QStringLiteral("--choose"))) {

@@ -2,6 +2,7 @@
 
 #include "app/Configurator.h"
 #include "app/Log.h"
+#include "elements/ButtonElement.h"
 #include "elements/ComplexElement.h"
 #include "elements/ConcreteElement.h"
 #include "elements/ConstraintEvaluator.h"
@@ -35,6 +36,8 @@ namespace {
 
 constexpr int kFoldSteps = 25;
 constexpr int kFoldPauseMs = 2;
+// How long the line beside Apply says what was sent.
+constexpr int kStatusMs = 5000;
 
 struct InvalidSearch
 {
@@ -98,6 +101,26 @@ bool findChanged(Element* element, void* data)
     for (const Element* e = element; e && !search->marked.contains(e); e = e->parentElement())
         search->marked.insert(e);
     return true;
+}
+
+// The titles of the settings that wait to be sent.
+bool collectPendingTitle(Element* element, void* data)
+{
+    auto* concrete = qobject_cast<ConcreteElement*>(element);
+    if (concrete && concrete->isChanged())
+        static_cast<QStringList*>(data)->append(concrete->title());
+    return true;
+}
+
+// A list of titles for a message, cut short when it would fill the screen.
+QString titleList(const QStringList& titles)
+{
+    constexpr int kShown = 10;
+    QString text = titles.mid(0, kShown).join(QLatin1Char('\n'));
+    if (titles.size() > kShown)
+        text += QLatin1Char('\n') + QCoreApplication::translate("SettingsDialog", "and %1 more")
+                                        .arg(titles.size() - kShown);
+    return text;
 }
 
 // Gathers the value each setting shows while it holds the device's value.
@@ -204,6 +227,8 @@ SettingsDialog::SettingsDialog(QWidget* parent, const char* name, Qt::WindowFlag
     listsLayout->setStretchFactor(paramFrame, 1);
     setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
 
+    // The line beside Apply shows device and model names: never as markup.
+    pendingLabel->setTextFormat(Qt::PlainText);
     connect(slider, &QPushButton::clicked, this, &SettingsDialog::slider_clicked);
     connect(paramList, &QTreeWidget::currentItemChanged, this,
             &SettingsDialog::paramList_selectionChanged);
@@ -249,7 +274,7 @@ void SettingsDialog::initialize(Configurator* configurator, const QString& devNa
     _devName = devName;
     _root = configurator ? configurator->rootElement() : nullptr;
     if (!devName.isEmpty())
-        setWindowTitle(tr("%1 - %2").arg(devName, qApp->applicationDisplayName()));
+        setWindowTitle(tr("%1 - %2").arg(devName, Configurator::applicationTitle()));
     _folder.load(QStringLiteral(":/images/folder.png"));
     _folderOpen.load(QStringLiteral(":/images/folder_open.png"));
     favoriteList->clear();
@@ -358,7 +383,7 @@ void SettingsDialog::markChanges()
         }
     }
     _pending = search.pending;
-    pendingLabel->setText(_pending == 0   ? QString()
+    pendingLabel->setText(_pending == 0   ? _status
                           : _pending == 1 ? tr("1 pending change")
                                           : tr("%1 pending changes").arg(_pending));
 }
@@ -468,18 +493,50 @@ bool SettingsDialog::sendChanges(const QString& id)
 {
     if (!_configurator)
         return false;
+    Element* scope = !id.isEmpty() && _root ? _root->findElement(id) : _root;
+    QStringList pending;
+    if (scope)
+        scope->iterateElements(collectPendingTitle, &pending);
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const bool accepted = _configurator->applySettings(id);
     QApplication::restoreOverrideCursor();
-    if (!accepted) {
-        const QString reason = _configurator->exchangeProblem();
-        QMessageBox::critical(this, tr("Error"),
-                              tr("The printer did not accept the changes, or could not be "
-                                 "reached.\nYour changes are kept: check the printer and "
-                                 "try again.") +
-                                  (reason.isEmpty() ? QString() : QLatin1String("\n\n") + reason));
+    if (accepted) {
+        reportSent(qobject_cast<ButtonElement*>(scope), pending.size());
+        return true;
     }
-    return accepted;
+    const QString reason = _configurator->exchangeProblem();
+    QString text = tr("The printer did not accept the changes, or could not be "
+                      "reached.\nYour changes are kept: check the printer and "
+                      "try again.");
+    if (!reason.isEmpty())
+        text += QLatin1String("\n\n") + reason;
+    if (!pending.isEmpty())
+        text += QLatin1String("\n\n") + tr("Not sent:") + QLatin1Char('\n') + titleList(pending);
+    QMessageBox box(QMessageBox::Critical, tr("Error"), text, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+    return false;
+}
+
+// For a few seconds the line beside Apply says what reached the printer.
+void SettingsDialog::reportSent(const ButtonElement* button, int settings)
+{
+    if (button)
+        _status = tr("%1 sent").arg(button->title());
+    else if (settings == 1)
+        _status = tr("1 setting sent to %1").arg(_devName);
+    else if (settings > 1)
+        _status = tr("%1 settings sent to %2").arg(settings).arg(_devName);
+    else
+        return;
+    const QString shown = _status;
+    QTimer::singleShot(kStatusMs, this, [this, shown] {
+        if (_status != shown)
+            return;
+        _status.clear();
+        markChanges();
+    });
+    markChanges();
 }
 
 bool SettingsDialog::confirmAction(const Element* button)

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QPixmap>
 
+class ButtonElement;
 class Configurator;
 class Element;
 class QTreeWidgetItem;
@@ -83,6 +84,7 @@ private:
     // Sends the changes of id (all changes when empty); tells the user when the printer
     // does not take them. True when sent and accepted.
     bool sendChanges(const QString& id);
+    void reportSent(const ButtonElement* button, int settings);
     void animateFold(bool fold);
     void restoreLayout();
     void markChanges();
@@ -108,4 +110,5 @@ private:
     bool _holdMarks = false;
     QHash<const Element*, QString> _deviceShown;
     QList<QWidget*> _focusFollowers;
+    QString _status; // what the line beside Apply says while nothing is pending
 };

@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWidget>
 
 #include <unistd.h>
 
@@ -53,14 +54,20 @@ private slots:
         QCOMPARE(probe(app()->id(), "hello"), QByteArray("running=0 sent=0"));
     }
 
+    // The message hands the printer to the running instance, which brings its window back.
     void secondInstanceHandsOver()
     {
-        app()->initialize(false);
+        app()->initialize(true);
         QVERIFY(app()->isRunning());
+        QWidget window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        window.showMinimized();
         QSignalSpy received(app(), &QtSingleApplication::messageReceived);
         QCOMPARE(probe(app()->id(), "lp0 Laser MFP"), QByteArray("running=1 sent=1"));
         QTRY_COMPARE(received.count(), 1);
         QCOMPARE(received.at(0).at(0).toString(), QStringLiteral("lp0 Laser MFP"));
+        QTRY_VERIFY(!window.isMinimized());
         // Another identifier runs alone.
         QCOMPARE(probe(app()->id() + " other", "x"), QByteArray("running=0 sent=0"));
     }

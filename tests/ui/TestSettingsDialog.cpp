@@ -153,6 +153,9 @@ private slots:
                  s.printer->stateText().constData());
         QVERIFY2(s.sent().contains("<SleepTimer CURRENT=\"30\"/>"), s.sent().constData());
         QVERIFY(!s.sent().contains("Location"));
+        // For a few seconds the line beside Apply says what went out.
+        QCOMPARE(s.dialog.pendingLabel->text(), QString("1 setting sent to Test Laser"));
+        QTRY_COMPARE_WITH_TIMEOUT(s.dialog.pendingLabel->text(), QString(), 10000);
     }
 
     void refusedOrUnreachableApplyKeepsChanges_data()
@@ -168,6 +171,8 @@ private slots:
         click(s.dialog.applyBtn);
         QCOMPARE(s.boxes.seen.size(), 1);
         QVERIFY2(s.boxes.seen.first().startsWith("Error|The printer did not accept the changes"),
+                 qPrintable(s.boxes.seen.first()));
+        QVERIFY2(s.boxes.seen.first().endsWith("\n\nNot sent:\nSleep timer"),
                  qPrintable(s.boxes.seen.first()));
         QVERIFY(s.dialog.applyBtn->isEnabled());
         QCOMPARE(s.setting("SleepTimer")->current() + s.setting("SleepTimer")->initial() + '|' +
@@ -356,6 +361,7 @@ private slots:
         button->onClick();
         QVERIFY(s.boxes.seen.isEmpty());
         QVERIFY2(s.sent().contains("<TestPage CURRENT=\"PRESSED\"/>"), s.sent().constData());
+        QCOMPARE(s.dialog.pendingLabel->text(), QString("Test page sent"));
     }
 
     // A hidden setting hides its row; choosing a favourite shows its group; folding the
@@ -448,7 +454,7 @@ private slots:
         QCOMPARE(s.dialog.pendingLabel->text(), QString("1 pending change"));
         click(s.dialog.applyBtn);
         QVERIFY(!row->font(0).bold() && !row->parent()->font(0).bold());
-        QCOMPARE(s.dialog.pendingLabel->text(), QString());
+        QCOMPARE(s.dialog.pendingLabel->text(), QString("1 setting sent to Test Laser"));
     }
 
     // Apply lists what goes out (secrets masked, cleared settings apart); Cancel keeps all of
