@@ -64,6 +64,8 @@ public:
     // pressed button; empty when there is nothing to report.
     QString getChanges(const QString& id);
     QString getButton(Element* button);
+    // Whether the last change document holds any setting or button.
+    bool reportedAny() const { return !_changeParent.isNull(); }
     static bool generateButton(Element* element, void* context);
 
 private:
