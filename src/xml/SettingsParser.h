@@ -34,6 +34,10 @@ public:
 
     Element* createElement(const QDomElement& node, const QDomNode* parentNode,
                            Element* parentElement) override;
+    // The kind of element a node becomes, after the reader's workarounds; etUnknown when the
+    // node is left out with its subtree. parentLevel: -1 for the settings root.
+    static int typeToBuild(const QString& tag, const QString& keyword, const QString& supported,
+                           int parentLevel);
     Element* createTableCellElement(const QDomElement& node, const QString& keyword,
                                     const QDomNode* parentNode, Element* parentElement) override;
 
