@@ -2,8 +2,6 @@
 
 #include "xml/DomParser.h"
 
-#include <QRegularExpression>
-
 #include <cstring>
 
 namespace {
@@ -78,9 +76,20 @@ bool MarkupScan::run(const QByteArray& text)
 bool MarkupScan::plainCharacters(const QByteArray& text)
 {
     static constexpr uint kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+    constexpr quint64 kHigh = 0x8080808080808080ULL;
+    constexpr quint64 kSpaces = 0x2020202020202020ULL;
     const auto* b = reinterpret_cast<const uchar*>(text.constData());
     const qsizetype size = text.size();
     for (qsizetype k = 0; k < size;) {
+        // Eight printable ASCII bytes at a time: none with its top bit set, none below ' '.
+        if (k + 8 <= size) {
+            quint64 word;
+            std::memcpy(&word, b + k, 8);
+            if (((word | (word - kSpaces)) & kHigh) == 0) {
+                k += 8;
+                continue;
+            }
+        }
         const uchar c = b[k];
         if (c >= 0x20 && c < 0x80) {
             ++k;
@@ -115,16 +124,31 @@ bool MarkupScan::declaration()
 {
     if (!startsWith("<?xml"))
         return true;
-    const qsizetype end = QByteArrayView(p, n).indexOf("?>");
-    if (end < 0)
-        return false;
-    static const QRegularExpression plain(QRegularExpression::anchoredPattern(QStringLiteral(
-        "<\\?xml\\s+version\\s*=\\s*([\"'])1\\.0\\1(\\s+encoding\\s*=\\s*([\"'])(?i:utf-8)\\3)?"
-        "(\\s+standalone\\s*=\\s*([\"'])(yes|no)\\5)?\\s*\\?>")));
-    if (!plain.match(QString::fromLatin1(p, end + 2)).hasMatch())
-        return false;
-    i = end + 2;
-    return true;
+    i += 5;
+    // version, then optionally encoding (UTF-8 alone) and standalone, in this order.
+    static const char* const kNames[] = {"version", "encoding", "standalone"};
+    int next = 0;
+    for (;;) {
+        const bool spaced = skipSpace() > 0;
+        if (startsWith("?>")) {
+            i += 2;
+            return next > 0;
+        }
+        Attributes one;
+        if (!spaced || !attribute(&one))
+            return false;
+        const int first = next;
+        while (next < 3 && one[0].name != QByteArrayView(kNames[next]))
+            ++next;
+        const QByteArrayView value = one[0].value;
+        const bool allowed = next == 0   ? value == QByteArrayView("1.0")
+                             : next == 1 ? value.compare("utf-8", Qt::CaseInsensitive) == 0
+                                         : next == 2 && (value == QByteArrayView("yes") ||
+                                                         value == QByteArrayView("no"));
+        if (!allowed || (first == 0 && next != 0))
+            return false;
+        ++next;
+    }
 }
 
 bool MarkupScan::documentElement()
@@ -134,16 +158,17 @@ bool MarkupScan::documentElement()
         if (i >= n)
             return false;
         bool ok = true;
+        const char next = i + 1 < n ? p[i + 1] : '\0';
         if (p[i] != '<')
             ok = characterData();
+        else if (next == '/')
+            ok = endTag(&open);
+        else if (next != '!')
+            ok = startTag(&open);
         else if (startsWith("<!--"))
             ok = comment();
-        else if (startsWith("<![CDATA["))
-            ok = !open.isEmpty() && cdata();
-        else if (startsWith("</"))
-            ok = endTag(&open);
         else
-            ok = startTag(&open);
+            ok = startsWith("<![CDATA[") && !open.isEmpty() && cdata();
         if (!ok)
             return false;
     } while (!open.isEmpty());
@@ -159,7 +184,7 @@ bool MarkupScan::startTag(QVarLengthArray<QByteArrayView, 64>* open)
     Attributes attributes;
     for (;;) {
         const bool spaced = skipSpace() > 0;
-        if (startsWith(">") || startsWith("/>"))
+        if (isTagEnd())
             break;
         if (!spaced || !attribute(&attributes))
             return false;
@@ -184,7 +209,7 @@ bool MarkupScan::endTag(QVarLengthArray<QByteArrayView, 64>* open)
     if (!name(&tag))
         return false;
     skipSpace();
-    if (open->isEmpty() || open->last() != tag || !startsWith(">"))
+    if (open->isEmpty() || open->last() != tag || i >= n || p[i] != '>')
         return false;
     open->removeLast();
     ++i;
@@ -198,7 +223,7 @@ bool MarkupScan::attribute(Attributes* attributes)
     if (!name(&key))
         return false;
     skipSpace();
-    if (!startsWith("="))
+    if (i >= n || p[i] != '=')
         return false;
     ++i;
     skipSpace();
@@ -223,7 +248,13 @@ bool MarkupScan::characterData()
 {
     const char* next = static_cast<const char*>(std::memchr(p + i, '<', size_t(n - i)));
     const qsizetype end = next ? next - p : n;
-    if (QByteArrayView(p + i, end - i).contains("]]>") || !references(i, end))
+    for (const char* bracket = static_cast<const char*>(std::memchr(p + i, ']', size_t(end - i)));
+         bracket; bracket = static_cast<const char*>(
+                      std::memchr(bracket + 1, ']', size_t(p + end - bracket - 1)))) {
+        if (p + end - bracket >= 3 && bracket[1] == ']' && bracket[2] == '>')
+            return false;
+    }
+    if (!references(i, end))
         return false;
     i = end;
     return true;
@@ -274,6 +305,11 @@ bool MarkupScan::references(qsizetype from, qsizetype to) const
             return false;
     }
     return true;
+}
+
+bool MarkupScan::isTagEnd() const
+{
+    return i < n && (p[i] == '>' || (p[i] == '/' && i + 1 < n && p[i + 1] == '>'));
 }
 
 int MarkupScan::skipSpace()

@@ -44,6 +44,7 @@ private:
     bool name(QByteArrayView* out);
     bool references(qsizetype from, qsizetype to) const;
     int skipSpace();
+    bool isTagEnd() const; // "/>" or ">"
     bool startsWith(const char* text) const;
 
     const char* p = nullptr;
