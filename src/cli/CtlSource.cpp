@@ -31,11 +31,15 @@ std::unique_ptr<TAVClient> makeClient(const QString& path, const Capabilities* c
     return client;
 }
 
+// Up to one byte beyond the reader's limit, so that the reader refuses a larger file; a
+// buffer of that size is taken only for a file that large.
 QByteArray readLimited(const QString& path, bool* ok)
 {
     QFile file(path);
     *ok = file.open(QIODevice::ReadOnly);
-    return *ok ? file.read(DomParser::kMaxDocumentBytes + 1) : QByteArray();
+    if (!*ok)
+        return QByteArray();
+    return file.read(qBound<qint64>(1, file.size() + 1, DomParser::kMaxDocumentBytes + 1));
 }
 
 } // namespace
@@ -233,13 +237,12 @@ bool CtlSource::buildFromMarkup(const QStringList& ids)
 bool CtlSource::declaredDependencies(QSet<QString>* ids) const
 {
     // The declarations the dialog merges in from beside the program.
-    QFile file(shareDir + QStringLiteral("/../bin/dependencies.xml"));
-    if (!file.exists())
+    const QString file = shareDir + QStringLiteral("/../bin/dependencies.xml");
+    if (!QFileInfo::exists(file))
         return true;
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
+    bool read = false;
     SettingLocator locator({});
-    if (!locator.run(file.read(DomParser::kMaxDocumentBytes + 1)))
+    if (!locator.run(readLimited(file, &read)) || !read)
         return false;
     *ids = locator.declared();
     return true;
