@@ -10,9 +10,6 @@
 #include "cli/CtlArguments.h"
 #include "cli/CtlCommands.h"
 #include "elements/InputRules.h"
-#include "elements/ListElement.h"
-#include "elements/NumericElement.h"
-#include "elements/Parameter.h"
 #include "io/TAVClient.h"
 #include "vprinter/VirtualPrinter.h"
 #include "xml/BackupDocument.h"
@@ -72,30 +69,6 @@ double milliseconds(const std::function<bool()>& work)
     return ok ? double(clock.nsecsElapsed()) / 1e6 : 1e18;
 }
 
-// A value the setting allows other than its current one, or nothing.
-QString otherValue(Element* element)
-{
-    if (const auto* list = qobject_cast<ListElement*>(element)) {
-        for (const Parameter* parameter : list->parameters()) {
-            if (parameter->isVisible() && parameter->id() != list->current())
-                return parameter->id();
-        }
-        return QString();
-    }
-    QString candidate;
-    if (const auto* numeric = qobject_cast<NumericElement*>(element)) {
-        const InputRules::Range range = InputRules::integerRange(numeric);
-        const qint64 lower = range.lower.value_or(0);
-        candidate = QString::number(
-            numeric->current() == QString::number(lower) ? lower + range.step : lower);
-    } else {
-        candidate = qobject_cast<ConcreteElement*>(element)->current() == QLatin1String("1")
-                        ? QStringLiteral("2")
-                        : QStringLiteral("1");
-    }
-    return InputRules::check(element, candidate).accepted ? candidate : QString();
-}
-
 // Two backups of the specification: every setting changed, and everything as it was.
 int writeBackups(const QByteArray& spec, const QString& changedFile, const QString& originalFile)
 {
@@ -107,13 +80,14 @@ int writeBackups(const QByteArray& spec, const QString& changedFile, const QStri
     BackupDocument changed;
     changed.model = original.model;
     changed.values = original.values;
+    // Counted only where the setting's own rules take the new value.
     int count = 0;
-    for (BackupDocument::Value& value : changed.values) {
-        const QString other = otherValue(parser.findElement(value.first));
-        if (!other.isNull()) {
-            value.second = other;
+    for (int i = 0; i < changed.values.size(); ++i) {
+        QString& value = changed.values[i].second;
+        value = SpecGenerator::changedValue(changed.values[i].first.mid(1).toInt());
+        if (value != original.values[i].second &&
+            InputRules::check(parser.findElement(changed.values[i].first), value).accepted)
             ++count;
-        }
     }
     QFile a(changedFile);
     QFile b(originalFile);

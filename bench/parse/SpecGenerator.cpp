@@ -56,6 +56,28 @@ QString setting(int n)
 
 } // namespace
 
+QString SpecGenerator::changedValue(int n)
+{
+    switch (n % 8) {
+    case 0:
+        return QStringLiteral("6");
+    case 1:
+        return QStringLiteral("C");
+    case 2:
+        return QStringLiteral("Branch %1").arg(n);
+    case 3:
+        return QStringLiteral("On");
+    case 4:
+        return QStringLiteral("10.0.0.%1").arg(n % 250 + 1);
+    case 5:
+        return QStringLiteral("1.5");
+    case 6:
+        return QStringLiteral("+49 40 %1").arg(n);
+    default:
+        return QStringLiteral("T2");
+    }
+}
+
 QByteArray SpecGenerator::generate(int settings)
 {
     QString text = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<root>"

@@ -736,10 +736,6 @@ Prüfen Sie, ob jeder Farbblock gleichmäßig ist, ohne Streifen oder Lücken. I
         <translation>eines von: %1</translation>
     </message>
     <message>
-        <source>a decimal number from %1 to %2</source>
-        <translation>eine Dezimalzahl von %1 bis %2</translation>
-    </message>
-    <message>
         <source>an IPv4 address of four numbers 0 to 255 separated by dots</source>
         <translation>eine IPv4-Adresse aus vier Zahlen von 0 bis 255, durch Punkte getrennt</translation>
     </message>
@@ -766,6 +762,10 @@ Prüfen Sie, ob jeder Farbblock gleichmäßig ist, ohne Streifen oder Lücken. I
     <message>
         <source>read-only</source>
         <translation>nur lesbar</translation>
+    </message>
+    <message>
+        <source>a decimal number from %1 to %2 in steps of %3</source>
+        <translation>eine Dezimalzahl von %1 bis %2 in Schritten von %3</translation>
     </message>
 </context>
 <context>

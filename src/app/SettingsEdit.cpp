@@ -9,7 +9,6 @@
 #include "xml/SettingsParser.h"
 
 #include <QCoreApplication>
-#include <QDomDocument>
 
 SettingsEdit::SettingsEdit(SettingsParser& parser)
     : parser(parser)
@@ -55,8 +54,10 @@ bool SettingsEdit::assign(const QString& id, const QString& value)
         return false;
     }
     qobject_cast<ConcreteElement*>(element)->valueChange(verdict.value);
-    if (!assigned.contains(id))
+    if (!assignedSet.contains(id)) {
+        assignedSet.insert(id);
         assigned.append(id);
+    }
     return true;
 }
 
@@ -82,10 +83,7 @@ QStringList SettingsEdit::changedIds() const
 QString SettingsEdit::changeDocument()
 {
     const QString changes = parser.getChanges(QString());
-    QDomDocument document;
-    if (!document.setContent(changes) || document.documentElement().firstChildElement().isNull())
-        return QString();
-    return changes;
+    return parser.reportedAny() ? changes : QString();
 }
 
 QString SettingsEdit::disabledReason(const Element* element)

@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -54,6 +55,7 @@ private:
     SettingsParser& parser;
     QHash<QString, QString> asRead;
     QHash<QString, ConcreteElement*> index;
-    QStringList assigned;
+    QStringList assigned; // in order; the set answers "already assigned?" for thousands
+    QSet<QString> assignedSet;
     QList<Refusal> _refusals;
 };

@@ -132,7 +132,9 @@ CtlStatus CtlCommands::get()
         return csUsage;
     if (operands.isEmpty())
         return usage(CtlMessages::tr("name at least one setting"));
-    const CtlStatus status = source->load(CtlSource::DocumentOnly);
+    CtlStatus status = source->load(CtlSource::DocumentOnly);
+    if (status == csDone)
+        status = source->readSettings(operands);
     if (status != csDone)
         return status;
     QJsonObject values;

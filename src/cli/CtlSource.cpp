@@ -1,6 +1,7 @@
 #include "cli/CtlSource.h"
 
 #include "app/CapabilityLookup.h"
+#include "app/SettingsEdit.h"
 #include "app/SystemLocale.h"
 #include "cli/CtlMessages.h"
 #include "elements/TextElement.h"
@@ -10,6 +11,7 @@
 #include "io/PrinterDiscovery.h"
 #include "io/TAVClient.h"
 #include "xml/ElementType.h"
+#include "xml/SettingLocator.h"
 #include "xml/Translator.h"
 
 #include <QDir>
@@ -29,11 +31,15 @@ std::unique_ptr<TAVClient> makeClient(const QString& path, const Capabilities* c
     return client;
 }
 
+// Up to one byte beyond the reader's limit, so that the reader refuses a larger file; a
+// buffer of that size is taken only for a file that large.
 QByteArray readLimited(const QString& path, bool* ok)
 {
     QFile file(path);
     *ok = file.open(QIODevice::ReadOnly);
-    return *ok ? file.read(DomParser::kMaxDocumentBytes + 1) : QByteArray();
+    if (!*ok)
+        return QByteArray();
+    return file.read(qBound<qint64>(1, file.size() + 1, DomParser::kMaxDocumentBytes + 1));
 }
 
 } // namespace
@@ -63,6 +69,14 @@ CtlStatus CtlSource::load(Depth depth)
     const CtlStatus status = _kind == Device ? loadDevice() : loadFile();
     if (status != csDone || _kind == BackupFile || depth == DocumentOnly)
         return status;
+    return build(depth);
+}
+
+CtlStatus CtlSource::build(Depth depth)
+{
+    const CtlStatus parsed = parse(_text);
+    if (parsed != csDone)
+        return parsed;
     if (!_parser.readPrinterSettings()) {
         CtlMessages::error(CtlMessages::tr("the settings of %1 cannot be read: %2")
                                .arg(_target, CtlMessages::tr("not a settings specification")));
@@ -108,7 +122,8 @@ CtlStatus CtlSource::loadDevice()
         CtlMessages::error(CtlMessages::tr("the device %1 did not send its settings").arg(_target));
         return csUnreachable;
     }
-    return parse(text.toLatin1());
+    _text = text.toLatin1();
+    return csDone;
 }
 
 CtlStatus CtlSource::loadFile()
@@ -119,8 +134,10 @@ CtlStatus CtlSource::loadFile()
         CtlMessages::error(CtlMessages::tr("cannot read %1").arg(_target));
         return csUnreachable;
     }
-    if (_kind == SpecificationFile)
-        return parse(data);
+    if (_kind == SpecificationFile) {
+        _text = data;
+        return csDone;
+    }
     QString error;
     if (!_backup.read(data, &error)) {
         CtlMessages::error(CtlMessages::tr("the backup %1 is refused: %2").arg(_target, error));
@@ -168,20 +185,74 @@ QDomElement CtlSource::settingsNode() const
         .toElement();
 }
 
-const Element* CtlSource::lookup(const QString& id)
+CtlStatus CtlSource::readSettings(const QStringList& ids)
+{
+    _fromMarkup = buildFromMarkup(ids);
+    if (_fromMarkup)
+        return csDone;
+    built.clear();
+    looked.clear();
+    fragments.clear();
+    const CtlStatus status = build(TreeWithRules);
+    if (status == csDone)
+        SettingsEdit evaluated(_parser); // dependencies evaluated, as `show` shows them
+    return status;
+}
+
+bool CtlSource::buildFromMarkup(const QStringList& ids)
+{
+    // Ids the reader gives or repairs while it reads the whole tree: table cells, the about
+    // record, subnet masks; the gateway always has a dependency.
+    for (const QString& id : ids) {
+        if (id.contains(QLatin1Char('.')) || id == FixedIds::SubnetMask ||
+            id == FixedIds::AboutElement || id == FixedIds::Gateway)
+            return false;
+    }
+    SettingLocator locator(ids);
+    QSet<QString> governed;
+    if (!locator.locate(_text) || !declaredDependencies(&governed))
+        return false;
+    governed.unite(locator.declared());
+    for (const QString& id : ids) {
+        if (governed.contains(id))
+            return false;
+        const QByteArrayView markup = locator.markup(id);
+        if (markup.isEmpty()) {
+            built.insert(id, nullptr);
+            continue;
+        }
+        fragments.push_back(std::make_unique<DomParser>());
+        if (!fragments.back()->setContent(markup.toByteArray()))
+            return false;
+        looked.emplace_back(_parser.createElement(fragments.back()->document().documentElement(),
+                                                  &markupParent, nullptr));
+        // A text shows its title, which a translation may change.
+        if (!looked.back() || qobject_cast<TextElement*>(looked.back().get()))
+            return false;
+        built.insert(id, looked.back().get());
+    }
+    return true;
+}
+
+bool CtlSource::declaredDependencies(QSet<QString>* ids) const
+{
+    // The declarations the dialog merges in from beside the program.
+    const QString file = shareDir + QStringLiteral("/../bin/dependencies.xml");
+    if (!QFileInfo::exists(file))
+        return true;
+    bool read = false;
+    SettingLocator locator({});
+    if (!locator.run(readLimited(file, &read)) || !read)
+        return false;
+    *ids = locator.declared();
+    return true;
+}
+
+const Element* CtlSource::lookup(const QString& id) const
 {
     if (_parser.root())
         return _parser.findElement(id);
-    // Subnet masks are repaired and table cells named while the whole tree is read.
-    const QDomElement node = settingsNode().elementsByTagName(id).item(0).toElement();
-    if (node.isNull() || id == FixedIds::SubnetMask) {
-        if (!_parser.readPrinterSettings())
-            return nullptr;
-        return _parser.findElement(id);
-    }
-    lookupParents.push_back(node.parentNode());
-    looked.emplace_back(_parser.createElement(node, &lookupParents.back(), nullptr));
-    return looked.back().get();
+    return built.value(id);
 }
 
 CtlStatus CtlSource::send(const QString& changes)

@@ -5,9 +5,10 @@
 #include "xml/Capabilities.h"
 #include "xml/SettingsParser.h"
 
+#include <QHash>
+#include <QSet>
 #include <QString>
 
-#include <list>
 #include <memory>
 #include <vector>
 
@@ -32,7 +33,7 @@ public:
 
     enum Depth
     {
-        DocumentOnly, // read and parsed; lookup() builds the settings asked for
+        DocumentOnly, // the text alone; readSettings() then reads what lookup() needs
         Tree,         // the element tree
         TreeWithRules // with dependencies and translation, for commands that show or change
     };
@@ -40,8 +41,16 @@ public:
     // Reads the settings (or the backup); on failure the message is on stderr.
     CtlStatus load(Depth depth);
 
-    // A setting by id: from the tree when there is one, else built from its node alone.
-    const Element* lookup(const QString& id);
+    // After load(DocumentOnly): reads these settings as `show` sees them. Each is built from
+    // its own markup when the document is plain and no declared dependency, translation or
+    // repair of the reader can touch its value; otherwise the whole tree is read with its
+    // rules and dependencies evaluated.
+    CtlStatus readSettings(const QStringList& ids);
+    // Whether readSettings() could do with the settings' own markup.
+    bool fromMarkup() const { return _fromMarkup; }
+
+    // A setting by id, from the tree when there is one, else from readSettings().
+    const Element* lookup(const QString& id) const;
 
     Kind kind() const { return _kind; }
     QString target() const { return _target; }
@@ -57,6 +66,10 @@ private:
     CtlStatus loadDevice();
     CtlStatus loadFile();
     CtlStatus parse(const QByteArray& text);
+    CtlStatus build(Depth depth);
+    bool buildFromMarkup(const QStringList& ids);
+    // Settings whose value a dependency declaration may change.
+    bool declaredDependencies(QSet<QString>* ids) const;
     void applyTranslation();
     QString modelFromTree() const;
     QDomElement settingsNode() const;
@@ -68,6 +81,10 @@ private:
     Capabilities caps;
     SettingsParser _parser;
     BackupDocument _backup;
-    std::list<QDomNode> lookupParents; // the elements built by lookup() point at these
+    QByteArray _text;      // the specification as fetched or read
+    QDomNode markupParent; // what the elements built from markup take as their parent node
+    std::vector<std::unique_ptr<DomParser>> fragments;
     std::vector<std::unique_ptr<Element>> looked;
+    QHash<QString, const Element*> built;
+    bool _fromMarkup = false;
 };

@@ -33,6 +33,14 @@ std::optional<double> decimalNumber(const QString& text)
     return ok && std::isfinite(value) ? std::optional<double>(value) : std::nullopt;
 }
 
+// A whole number of steps from the base, give or take what decimal arithmetic loses: 0.3 is
+// three steps of 0.1 although 0.3 / 0.1 is not exactly 3.
+bool onStep(double distance, double step)
+{
+    const double steps = distance / step;
+    return std::fabs(steps - std::round(steps)) <= 1e-6 * qMax(1.0, std::fabs(steps));
+}
+
 bool isIntegerKind(int type)
 {
     return type == etInteger || type == etSlider;
@@ -113,7 +121,10 @@ QString InputRules::describe(const Element* element)
     if (const auto* numeric = qobject_cast<const NumericElement*>(element)) {
         if (isIntegerKind(type))
             return rangeText(integerRange(numeric));
-        return tr("a decimal number from %1 to %2").arg(numeric->min(), numeric->max());
+        const auto* decimal = qobject_cast<const FloatElement*>(element);
+        return tr("a decimal number from %1 to %2 in steps of %3")
+            .arg(numeric->min(), numeric->max(),
+                 QString::number(decimal ? decimal->decimalStep() : 1.0));
     }
     if (type == etIPAddress)
         return tr("an IPv4 address of four numbers 0 to 255 separated by dots");
@@ -174,7 +185,8 @@ InputRules::Verdict InputRules::checkFloat(const Element* element, const QString
     const std::optional<double> lower = decimalNumber(decimal->min());
     const std::optional<double> upper =
         decimal->hasMax() ? decimalNumber(decimal->max()) : std::nullopt;
-    const bool accepted = value && (!lower || *value >= *lower) && (!upper || *value <= *upper);
+    const bool accepted = value && (!lower || *value >= *lower) && (!upper || *value <= *upper) &&
+                          onStep(*value - lower.value_or(0.0), decimal->decimalStep());
     return {accepted, text.trimmed(), accepted ? QString() : describe(element)};
 }
 

@@ -132,28 +132,22 @@ void SettingsParser::repairSubnetMasks()
     }
 }
 
-Element* SettingsParser::createElement(const QDomElement& node, const QDomNode* parentNode,
-                                       Element* parentElement)
+int SettingsParser::typeToBuild(const QString& tag, const QString& keyword,
+                                const QString& supported, int parentLevel)
 {
-    const QString keyword = node.attribute(QStringLiteral("TYPE"), QString(""));
     int type = ElementTypes::fromKeyword(keyword);
-    const QString tag = node.tagName();
-    TAV_TRACE(11, "parentNode=%p parentElement=%p tagName='%s' type='%s' elementType=%i",
-              static_cast<const void*>(parentNode), static_cast<void*>(parentElement),
-              qPrintable(tag), qPrintable(keyword), type);
-
-    if (node.attribute(QStringLiteral("SUPPORTED")) == QLatin1String("FALSE"))
-        return nullptr;
+    if (supported == QLatin1String("FALSE"))
+        return etUnknown;
     if (FixedIds::isIgnored(tag)) {
         TAV_LOG(9, "Element <%s> is ignored", qPrintable(tag));
-        return nullptr;
+        return etUnknown;
     }
-    if (parentElement && parentElement->level() + 1 >= kMaxTreeDepth) {
+    if (parentLevel >= 0 && uint32_t(parentLevel) + 1 >= kMaxTreeDepth) {
         TAV_LOG(9,
                 "Warning: element <%s> nested deeper than %u levels is left out with its "
                 "subtree",
                 qPrintable(tag), unsigned(kMaxTreeDepth));
-        return nullptr;
+        return etUnknown;
     }
 
     if (type == etEdit && FixedIds::isDateTimeWorkaround(tag)) {
@@ -168,8 +162,23 @@ Element* SettingsParser::createElement(const QDomElement& node, const QDomNode* 
 
     if (type == etUnknown || type == etInkJetMaintenance || type > kLastElementType) {
         TAV_LOG(9, "Warning: skipping element with unexpected TYPE='%s'", qPrintable(keyword));
-        return nullptr;
+        return etUnknown;
     }
+    return type;
+}
+
+Element* SettingsParser::createElement(const QDomElement& node, const QDomNode* parentNode,
+                                       Element* parentElement)
+{
+    const QString keyword = node.attribute(QStringLiteral("TYPE"), QString(""));
+    const QString tag = node.tagName();
+    TAV_TRACE(11, "parentNode=%p parentElement=%p tagName='%s' type='%s' elementType=%i",
+              static_cast<const void*>(parentNode), static_cast<void*>(parentElement),
+              qPrintable(tag), qPrintable(keyword), int(ElementTypes::fromKeyword(keyword)));
+    const int type = typeToBuild(tag, keyword, node.attribute(QStringLiteral("SUPPORTED")),
+                                 parentElement ? int(parentElement->level()) : -1);
+    if (type == etUnknown)
+        return nullptr;
 
     QDomElement target = node;
     if (type == etAbout)

@@ -34,6 +34,10 @@ public:
 
     Element* createElement(const QDomElement& node, const QDomNode* parentNode,
                            Element* parentElement) override;
+    // The kind of element a node becomes, after the reader's workarounds; etUnknown when the
+    // node is left out with its subtree. parentLevel: -1 for the settings root.
+    static int typeToBuild(const QString& tag, const QString& keyword, const QString& supported,
+                           int parentLevel);
     Element* createTableCellElement(const QDomElement& node, const QString& keyword,
                                     const QDomNode* parentNode, Element* parentElement) override;
 
@@ -64,6 +68,8 @@ public:
     // pressed button; empty when there is nothing to report.
     QString getChanges(const QString& id);
     QString getButton(Element* button);
+    // Whether the last change document holds any setting or button.
+    bool reportedAny() const { return !_changeParent.isNull(); }
     static bool generateButton(Element* element, void* context);
 
 private:

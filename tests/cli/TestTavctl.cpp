@@ -65,13 +65,14 @@ private slots:
         QTemporaryDir place;
         VirtualPrinterProcess printer(laser(), place.path());
         QVERIFY(printer.isReady());
-        QCOMPARE(tavctl({QStringLiteral("set"), printer.link, QStringLiteral("SleepTimer=30"),
-                         QStringLiteral("DisplayLanguage=Français")})
-                     .status,
-                 0);
+        QCOMPARE(
+            tavctl({QStringLiteral("set"), printer.link, QStringLiteral("SleepTimer=30"),
+                    QStringLiteral("DisplayLanguage=Français"), QStringLiteral("ImageShiftX=-1.5")})
+                .status,
+            0);
         const Run got = tavctl({QStringLiteral("get"), printer.link, QStringLiteral("SleepTimer"),
-                                QStringLiteral("DisplayLanguage")});
-        QCOMPARE(got.out, QByteArray("30\nFrench\n"));
+                                QStringLiteral("DisplayLanguage"), QStringLiteral("ImageShiftX")});
+        QCOMPARE(got.out, QByteArray("30\nFrench\n-1.5\n"));
     }
 
     void dryRunSendsNothing()
@@ -101,6 +102,8 @@ private slots:
                                         "number from 0 to 100 in steps of 5";
         QTest::newRow("off step") << set("LowTonerAlertLevel=12") << 2 << "in steps of 5";
         QTest::newRow("not a number") << set("LowTonerAlertLevel=ten") << 2 << "'ten' is refused";
+        QTest::newRow("decimal off step") << set("ImageShiftX=0.3") << 2 << "in steps of 0.5";
+        QTest::newRow("decimal below its digits") << set("ImageShiftY=0.25") << 2 << "steps of 0.1";
         QTest::newRow("unknown choice") << set("Duplex=Sideways") << 2 << "one of: Off (Off)";
         QTest::newRow("unknown id") << set("Nonsense=1") << 2
                                     << "Nonsense: the value '1' is "

@@ -11,6 +11,7 @@
 #include "ui/PopupForm.h"
 #include "ui/SettingsDialog.h"
 #include "ui/SettingsViewItem.h"
+#include "xml/BackupDocument.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -65,6 +66,35 @@ QWidget* show(SettingsDialog& dialog, const char* id)
 class TestSettingsDialog : public QObject
 {
     Q_OBJECT
+
+    // Lists the rows of the review that Apply opens next, then presses `button` in it.
+    static void answerReview(const char* button, bool dontAsk, QStringList* rows)
+    {
+        QTimer::singleShot(0, [rows, button, dontAsk] {
+            QWidget* review = QApplication::activeModalWidget();
+            for (const auto* list : review->findChildren<QTreeWidget*>()) {
+                for (int i = 0; i < list->topLevelItemCount(); ++i) {
+                    const QTreeWidgetItem* row = list->topLevelItem(i);
+                    *rows << list->objectName() + ':' + row->text(0) + '|' + row->text(1) + '|' +
+                                 row->text(2);
+                }
+            }
+            if (dontAsk)
+                QTest::keyClick(review->findChild<QCheckBox*>("dontAsk"), Qt::Key_Space);
+            click(review->findChild<QPushButton*>(button));
+        });
+    }
+
+    // Names `path` in the file dialog that opens next.
+    static void chooseFile(const QString& path)
+    {
+        QTimer::singleShot(0, [path] {
+            QWidget* chooser = QApplication::activeModalWidget();
+            auto* name = chooser->findChild<QLineEdit*>("fileNameEdit");
+            name->setText(path);
+            QTest::keyClick(name, Qt::Key_Return);
+        });
+    }
 
     // A program folder holding the specification as ./tav.xml, and a virtual printer
     // serving the same document for Apply.
@@ -470,35 +500,59 @@ private slots:
             QTest::keyClicks(field, *id == 'S' ? "30" : *id == 'L' ? "\b" : "new");
         }
         QStringList rows;
-        const auto answer = [&rows](const char* button, bool dontAsk) {
-            QTimer::singleShot(0, [&rows, button, dontAsk] {
-                QWidget* review = QApplication::activeModalWidget();
-                for (const auto* list : review->findChildren<QTreeWidget*>()) {
-                    for (int i = 0; i < list->topLevelItemCount(); ++i) {
-                        const QTreeWidgetItem* row = list->topLevelItem(i);
-                        rows << list->objectName() + ':' + row->text(0) + '|' + row->text(1) + '|' +
-                                    row->text(2);
-                    }
-                }
-                if (dontAsk)
-                    QTest::keyClick(review->findChild<QCheckBox*>("dontAsk"), Qt::Key_Space);
-                click(review->findChild<QPushButton*>(button));
-            });
-        };
-        answer("reviewCancel", false);
+        answerReview("reviewCancel", false, &rows);
         click(s.dialog.applyBtn);
         QCOMPARE(rows, (QStringList{"changeList:Sleep timer|General|5 → 30",
                                     "changeList:Admin password|General|••• → •••",
                                     "clearedList:Location|General|Lab"}));
         QVERIFY(s.sent().isEmpty());
         QCOMPARE(s.dialog.pendingCount(), 3);
-        answer("reviewApply", true);
+        answerReview("reviewApply", true, &rows);
         click(s.dialog.applyBtn);
         QVERIFY2(s.printer->stateText().contains("CURRENT=\"30\"") &&
                      s.printer->stateText().contains("CURRENT=\"new\""),
                  s.printer->stateText().constData());
         QCOMPARE(s.dialog.pendingCount(), 0);
         QVERIFY(!ChangeReview::isWanted());
+    }
+
+    // Export writes what the dialog shows once applied; an imported backup waits as edits,
+    // which Apply lists for review first, and Cancel there sends nothing.
+    void exportAndImportBackups()
+    {
+        QTemporaryDir place;
+        const QString backup = place.filePath("backup.xml");
+        {
+            Setup s;
+            for (const char* id : {"SleepTimer", "Location"}) {
+                QWidget* field = show(s.dialog, id);
+                field->setFocus();
+                QTest::keyClick(field, Qt::Key_End);
+                QTest::keyClicks(field, "2");
+            }
+            click(s.dialog.applyBtn);
+            chooseFile(backup);
+            click(s.dialog.exportBtn);
+            BackupDocument written;
+            QFile file(backup);
+            QString error;
+            QVERIFY(file.open(QIODevice::ReadOnly) && written.read(file.readAll(), &error));
+            QCOMPARE(written.values.size(), 3);
+            for (const auto& [id, value] : std::as_const(written.values))
+                QCOMPARE(value, s.row(qPrintable(id)));
+        }
+        ChangeReview::setWanted(true);
+        Setup s;
+        chooseFile(backup);
+        click(s.dialog.importBtn);
+        QCOMPARE(s.row("SleepTimer") + '|' + s.row("Location"), QString("52|Lab2"));
+        QStringList rows;
+        answerReview("reviewCancel", false, &rows);
+        click(s.dialog.applyBtn);
+        QCOMPARE(rows, (QStringList{"changeList:Sleep timer|General|5 → 52",
+                                    "changeList:Location|General|Lab → Lab2"}));
+        QVERIFY(s.sent().isEmpty());
+        QCOMPARE(s.dialog.pendingCount(), 2);
     }
 
     void resizableAndRememberedPerModel()
