@@ -278,16 +278,6 @@ Befehle:
 </translation>
     </message>
     <message>
-        <source>
-DEV is a device node such as /dev/usb/lp0. &apos;tavctl COMMAND --help&apos; describes one command.
-Exit status: 0 done, 1 usage, 2 a value refused, 3 the device refused, 4 the device unreachable.
-</source>
-        <translation>
-DEV ist ein Gerätedatei wie /dev/usb/lp0. „tavctl BEFEHL --help“ beschreibt einen Befehl.
-Rückgabewert: 0 erledigt, 1 Aufruffehler, 2 ein Wert abgelehnt, 3 vom Gerät abgelehnt, 4 Gerät nicht erreichbar.
-</translation>
-    </message>
-    <message>
         <source>Verbose log.</source>
         <translation>Ausführliches Protokoll.</translation>
     </message>
@@ -418,6 +408,16 @@ Rückgabewert: 0 erledigt, 1 Aufruffehler, 2 ein Wert abgelehnt, 3 vom Gerät ab
     <message>
         <source>disabled</source>
         <translation>deaktiviert</translation>
+    </message>
+    <message>
+        <source>
+DEV is a device node such as /dev/usb/lp0 or, for a USB printer without one, usb:BUS:ADDR (usb:001:002) or usb:serial=SERIAL. &apos;tavctl COMMAND --help&apos; describes one command.
+Exit status: 0 done, 1 usage, 2 a value refused, 3 the device refused, 4 the device unreachable.
+</source>
+        <translation>
+DEV ist eine Gerätedatei wie /dev/usb/lp0 oder, für einen USB-Drucker ohne eine solche, usb:BUS:ADRESSE (usb:001:002) oder usb:serial=SERIENNUMMER. „tavctl BEFEHL --help“ beschreibt einen Befehl.
+Rückgabewert: 0 erledigt, 1 Aufruffehler, 2 ein Wert abgelehnt, 3 vom Gerät abgelehnt, 4 Gerät nicht erreichbar.
+</translation>
     </message>
 </context>
 <context>
@@ -1025,6 +1025,25 @@ Alle Gruppen: %1 Einstellung(en) in %2 Gruppe(n).</translation>
     <message>
         <source>The printer&apos;s answer did not match the request.</source>
         <translation>Die Antwort des Druckers passte nicht zur Anfrage.</translation>
+    </message>
+</context>
+<context>
+    <name>UsbBulkChannel</name>
+    <message>
+        <source>no such USB printer is connected</source>
+        <translation>kein solcher USB-Drucker ist angeschlossen</translation>
+    </message>
+    <message>
+        <source>the USB device has no printer interface</source>
+        <translation>das USB-Gerät hat keine Druckerschnittstelle</translation>
+    </message>
+    <message>
+        <source>the kernel driver keeps the printer: %1</source>
+        <translation>der Kerneltreiber gibt den Drucker nicht frei: %1</translation>
+    </message>
+    <message>
+        <source>the printer interface cannot be claimed: %1</source>
+        <translation>die Druckerschnittstelle kann nicht belegt werden: %1</translation>
     </message>
 </context>
 <context>

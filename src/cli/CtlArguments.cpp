@@ -97,9 +97,11 @@ QString CtlArguments::overview()
                     .arg(QLatin1String(spec.name), QLatin1String(spec.operands),
                          CtlMessages::tr(spec.summary));
     }
-    text += CtlMessages::tr("\nDEV is a device node such as /dev/usb/lp0. 'tavctl COMMAND --help' "
-                            "describes one command.\nExit status: 0 done, 1 usage, 2 a value "
-                            "refused, 3 the device refused, 4 the device unreachable.\n");
+    text += CtlMessages::tr(
+        "\nDEV is a device node such as /dev/usb/lp0 or, for a USB printer "
+        "without one, usb:BUS:ADDR (usb:001:002) or usb:serial=SERIAL. "
+        "'tavctl COMMAND --help' describes one command.\nExit status: 0 done, 1 usage, 2 a value "
+        "refused, 3 the device refused, 4 the device unreachable.\n");
     return text;
 }
 

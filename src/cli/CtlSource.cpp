@@ -109,7 +109,8 @@ CtlStatus CtlSource::loadDevice()
     }
     probe.close();
     if (_model.isEmpty()) {
-        const QString deviceId = QString::fromLatin1(IOClientUsbEp0::getDeviceID_usblp(&probe));
+        const QString deviceId =
+            QString::fromLatin1(probe.ep0().getDeviceID(IOClientUsbEp0::kTimeoutMs));
         _model = PrinterDiscovery::idFields(deviceId).value(QStringLiteral("MDL"));
     }
     // Without a model every capability holds, as in the dialog for an unknown model.

@@ -1,14 +1,34 @@
 #include "io/DeviceAccess.h"
 
+#include "io/UsbContext.h"
+#include "io/UsbDeviceName.h"
+
 #include <QCoreApplication>
 #include <QFile>
+
+#include <libusb.h>
 
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
-QString DeviceAccess::permissionProblem(const QString& node)
+// The file to open: the path itself, or the usbfs node of the USB device it names.
+QString DeviceAccess::nodeOf(const QString& path)
 {
+    const UsbDeviceName name = UsbDeviceName::parse(path);
+    if (!name.isValid())
+        return path;
+    libusb_device* device = UsbContext::find(name);
+    if (!device)
+        return QString();
+    const QString node = UsbContext::nodePath(device);
+    libusb_unref_device(device);
+    return node;
+}
+
+QString DeviceAccess::permissionProblem(const QString& path)
+{
+    const QString node = nodeOf(path);
     if (node.isEmpty())
         return {};
     // Opened rather than asked with access(), which answers for the real user id and misses

@@ -9,6 +9,10 @@ class DeviceAccess
 {
 public:
     // One line naming the node and the remedy when the node exists but this user may not
-    // read and write it; empty when permission is not what stands in the way.
-    static QString permissionProblem(const QString& node);
+    // read and write it; empty when permission is not what stands in the way. A USB device
+    // name (UsbDeviceName) stands for its /dev/bus/usb node.
+    static QString permissionProblem(const QString& path);
+
+private:
+    static QString nodeOf(const QString& path);
 };

@@ -3,8 +3,9 @@
 #include <QList>
 #include <QString>
 
-// One USB printer found through the usblp driver: its device node, and who it is according
-// to its IEEE 1284 device ID, with the USB device's own strings where the ID says nothing.
+// One USB printer: its usblp device node (without that driver, its USB device name,
+// "usb:BUS:ADDR"), and who it is according to its IEEE 1284 device ID, with the USB device's own
+// strings where the ID says nothing.
 struct DiscoveredPrinter
 {
     QString node;

@@ -2,6 +2,7 @@
 
 #include "app/Log.h"
 #include "io/IOClientLocker.h"
+#include "io/UsbBulkChannel.h"
 
 #include <QElapsedTimer>
 
@@ -44,14 +45,22 @@ uint32_t millisecondsOf(const QElapsedTimer& clock)
 IOClient::IOClient(const QString& devicePath)
     : QFile(devicePath)
     , path(devicePath)
+    , usbName(UsbDeviceName::parse(devicePath))
+    , bulk(usbName.isValid() ? std::make_unique<UsbBulkChannel>(usbName) : nullptr)
     , usbEp0(this)
 {
 }
 
-IOClient::~IOClient() = default;
+// Closed here: QFile's own closing would look for a file that a USB channel never had.
+IOClient::~IOClient()
+{
+    close();
+}
 
 bool IOClient::open(OpenMode mode)
 {
+    if (bulk)
+        return openBulk(mode);
     if (isOpen() || path.isEmpty())
         return QFile::open(mode);
     const int fd = ::open(QFile::encodeName(path).constData(), openFlags(mode));
@@ -64,8 +73,25 @@ bool IOClient::open(OpenMode mode)
     return false;
 }
 
+bool IOClient::openBulk(OpenMode mode)
+{
+    if (isOpen())
+        return false;
+    QString error;
+    if (!bulk->open(&error)) {
+        setErrorString(error);
+        return false;
+    }
+    return QIODevice::open(mode);
+}
+
 void IOClient::close()
 {
+    if (bulk) {
+        bulk->close();
+        QIODevice::close();
+        return;
+    }
     QFile::close();
     nonBlockingMode = false;
     setFileName(path);
@@ -92,7 +118,8 @@ unsigned IOClient::classicOpenMode(OpenMode mode)
 qint64 IOClient::writeBlock(const char* data, qint64 length)
 {
     const qint64 written =
-        writePollUs == -1
+        bulk ? bulk->write(data, length, writePollUs)
+        : writePollUs == -1
             ? (setNonBlocking(false), write(data, length))
             : polled(true, writePollUs, [&](int fd) { return ::write(fd, data, size_t(length)); });
     if (written > 0 && logLevel >= 11)
@@ -104,7 +131,8 @@ qint64 IOClient::writeBlock(const char* data, qint64 length)
 qint64 IOClient::readBlock(char* data, qint64 length)
 {
     const qint64 received =
-        readPollUs == -1
+        bulk ? bulk->read(data, length, readPollUs)
+        : readPollUs == -1
             ? (setNonBlocking(false), read(data, length))
             : polled(false, readPollUs, [&](int fd) { return ::read(fd, data, size_t(length)); });
     logReceived(data, received);
@@ -114,7 +142,8 @@ qint64 IOClient::readBlock(char* data, qint64 length)
 qint64 IOClient::readPending(char* data, qint64 length)
 {
     const qint64 received =
-        polled(false, 0, [&](int fd) { return ::read(fd, data, size_t(length)); });
+        bulk ? bulk->read(data, length, 0)
+             : polled(false, 0, [&](int fd) { return ::read(fd, data, size_t(length)); });
     logReceived(data, received);
     return received;
 }

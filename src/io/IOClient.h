@@ -2,15 +2,20 @@
 
 #include "io/IOClientUsbEp0.h"
 #include "io/TransferResult.h"
+#include "io/UsbDeviceName.h"
 
 #include <QFile>
 
 #include <functional>
+#include <memory>
+
+class UsbBulkChannel;
 
 // The printer's data channel: the device file given on the command line, typically a usblp
-// character device. Adds logged block transfers that can wait for the device in bounded steps,
-// transfers bounded in time, and one request/response exchange (`command`) that first wakes the
-// device over the control endpoint.
+// character device, or, when the path names a USB device (UsbDeviceName), the bulk endpoints
+// of its printer interface; either way with the same exchange rules. Adds logged block transfers
+// that can wait for the device in bounded steps, transfers bounded in time, and one
+// request/response exchange (`command`) that first wakes the device over the control endpoint.
 //
 // Every exchange opens and closes the file itself, so no descriptor stays open in between.
 class IOClient : public QFile
@@ -28,6 +33,8 @@ public:
 
     // The device path. QFile forgets its name while it runs on the descriptor opened here.
     const QString& devicePath() const { return path; }
+    // Valid when the path names a USB device rather than a device node.
+    const UsbDeviceName& usbDevice() const { return usbName; }
 
     qint64 writeBlock(const char* data, qint64 length);
     qint64 readBlock(char* data, qint64 length);
@@ -75,6 +82,8 @@ protected:
 private:
     static constexpr qint64 kWouldBlock = -2;
 
+    bool openBulk(OpenMode mode);
+
     qint64 polled(bool forWriting, int microseconds,
                   const std::function<qint64(int fd)>& operation) const;
     int waitForDescriptor(bool forWriting, int microseconds) const;
@@ -85,6 +94,8 @@ private:
     static void logReceived(const char* data, qint64 received);
 
     QString path;
+    UsbDeviceName usbName;
+    std::unique_ptr<UsbBulkChannel> bulk; // set when usbName is valid
     int readPollUs = -1;
     int writePollUs = -1;
     mutable bool nonBlockingMode = false; // the open descriptor's O_NONBLOCK, as last set

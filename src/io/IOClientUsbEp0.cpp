@@ -3,6 +3,7 @@
 #include "app/Log.h"
 #include "io/IOClient.h"
 #include "io/IOClientLocker.h"
+#include "io/UsbContext.h"
 
 #include <QThread>
 
@@ -29,22 +30,6 @@ constexpr uint16_t kExtendedIdLength = 255;
 constexpr uint8_t kRequestGetDeviceId = 0x00;
 constexpr uint16_t kDeviceIdLength = 1023;
 constexpr int kStatusLength = 8;
-
-// One libusb context for the process, made on the first transfer and kept.
-libusb_context* usbContext()
-{
-    static bool initialised = false;
-    static libusb_context* context = nullptr;
-    if (!initialised) {
-        initialised = true;
-        const int rc = libusb_init(&context);
-        if (rc < 0) {
-            TAV_LOG(11, "ERROR: usb_init() failed: <%s>", libusb_strerror(rc));
-            context = nullptr;
-        }
-    }
-    return context;
-}
 
 // Bytes in the form of the log's buffer report: "[0xnn]" each.
 QByteArray bracketDump(const unsigned char* data, int length)
@@ -92,6 +77,10 @@ libusb_device* IOClientUsbEp0::locateDevice()
 {
     if (pid != 0)
         return findUsbDevice(vid, pid, serial);
+    if (usblp && usblp->usbDevice().isValid()) {
+        TAV_LOG(11, "IOClientUsbEp0::findUsbDevice(%s)", qPrintable(usblp->devicePath()));
+        return UsbContext::find(usblp->usbDevice());
+    }
     if (usblp)
         return findUsbDevice(usblp);
     return nullptr;
@@ -100,7 +89,7 @@ libusb_device* IOClientUsbEp0::locateDevice()
 int IOClientUsbEp0::command(uint8_t requesttype, uint8_t request, uint16_t value, uint16_t index,
                             unsigned char* buffer, uint16_t size, int timeout)
 {
-    if (!usbContext())
+    if (!UsbContext::get())
         return -1;
     libusb_device* device = locateDevice();
     if (!device) {
@@ -213,7 +202,7 @@ bool IOClientUsbEp0::get_usb_bus_address(IOClient* client, int& busNumber, int& 
 libusb_device* IOClientUsbEp0::findUsbDevice(IOClient* client)
 {
     TAV_LOG(11, "IOClientUsbEp0::findUsbDevice(%p)", static_cast<void*>(client));
-    libusb_context* context = usbContext();
+    libusb_context* context = UsbContext::get();
     if (!context)
         return nullptr;
     DeviceList list;
@@ -246,7 +235,7 @@ libusb_device* IOClientUsbEp0::findUsbDevice(uint16_t vendor, uint16_t product,
             serialNumber.constData());
     TAV_LOG(11, "vid=0x%04x pid=0x%04x serial=<%s> usblp=%p(%s)", vid, pid, serial.constData(),
             static_cast<void*>(usblp), usblp ? qPrintable(usblp->devicePath()) : "");
-    libusb_context* context = usbContext();
+    libusb_context* context = UsbContext::get();
     if (!context)
         return nullptr;
     DeviceList list;
@@ -270,6 +259,9 @@ libusb_device* IOClientUsbEp0::findUsbDevice(uint16_t vendor, uint16_t product,
 
 QByteArray IOClientUsbEp0::getDeviceID_usblp(IOClient* client)
 {
+    // A USB device named directly has no driver to ask; the class request answers instead.
+    if (client && client->usbDevice().isValid())
+        return QByteArray();
     IOClientLocker locker(client);
     if (!locker.isValid()) {
         TAV_LOG(11, "\tinvalid client");

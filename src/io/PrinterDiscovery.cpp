@@ -57,6 +57,43 @@ DiscoveredPrinter PrinterDiscovery::describe(udev_device* device)
     return printer;
 }
 
+DiscoveredPrinter PrinterDiscovery::describeWithoutNode(udev_device* interface)
+{
+    DiscoveredPrinter printer;
+    udev_device* usb =
+        udev_device_get_parent_with_subsystem_devtype(interface, "usb", "usb_device");
+    printer.node = QString::asprintf("usb:%03d:%03d", attribute(usb, "busnum").toInt(),
+                                     attribute(usb, "devnum").toInt());
+    printer.manufacturer = attribute(usb, "manufacturer");
+    printer.model = attribute(usb, "product");
+    printer.serial = attribute(usb, "serial");
+    printer.framing = QStringLiteral("TAV"); // no driver reports the device ID here
+    return printer;
+}
+
+// Printer-class interfaces that the kernel's printer driver does not serve: reached by
+// libusb under their USB device name.
+void PrinterDiscovery::addPrintersWithoutNode(udev* context, DiscoveredPrinters& printers)
+{
+    udev_enumerate* enumerate = udev_enumerate_new(context);
+    udev_enumerate_add_match_subsystem(enumerate, "usb");
+    udev_enumerate_add_match_property(enumerate, "DEVTYPE", "usb_interface");
+    udev_enumerate_add_match_sysattr(enumerate, "bInterfaceClass", "07");
+    udev_enumerate_add_match_sysattr(enumerate, "bInterfaceSubClass", "01");
+    udev_enumerate_scan_devices(enumerate);
+    udev_list_entry* entry = nullptr;
+    udev_list_entry_foreach(entry, udev_enumerate_get_list_entry(enumerate))
+    {
+        udev_device* interface =
+            udev_device_new_from_syspath(context, udev_list_entry_get_name(entry));
+        const char* driver = interface ? udev_device_get_driver(interface) : nullptr;
+        if (interface && qstrcmp(driver, "usblp") != 0)
+            printers.append(describeWithoutNode(interface));
+        udev_device_unref(interface);
+    }
+    udev_enumerate_unref(enumerate);
+}
+
 DiscoveredPrinters PrinterDiscovery::list()
 {
     DiscoveredPrinters printers;
@@ -77,6 +114,7 @@ DiscoveredPrinters PrinterDiscovery::list()
         udev_device_unref(device);
     }
     udev_enumerate_unref(enumerate);
+    addPrintersWithoutNode(context, printers);
     udev_unref(context);
     std::sort(
         printers.begin(), printers.end(),

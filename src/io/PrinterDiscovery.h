@@ -8,7 +8,8 @@ struct udev;
 struct udev_device;
 
 // The USB printers connected now, from udev: the usblp device nodes, the IEEE 1284 ID the
-// driver exposes on the printer interface, and the USB device's strings.
+// driver exposes on the printer interface, and the USB device's strings; printers that the
+// driver does not serve under their USB device name ("usb:BUS:ADDR").
 class PrinterDiscovery
 {
 public:
@@ -22,4 +23,6 @@ public:
 
 private:
     static QString attribute(udev_device* device, const char* name);
+    static DiscoveredPrinter describeWithoutNode(udev_device* interface);
+    static void addPrintersWithoutNode(udev* context, DiscoveredPrinters& printers);
 };

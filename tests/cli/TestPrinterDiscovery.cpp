@@ -81,6 +81,22 @@ private slots:
 
     void noneListed() { QCOMPARE(tavctlList(), QByteArray("[]")); }
 
+    // A printer interface without the driver: listed under its USB device name.
+    void listedWithoutDriverNode()
+    {
+        gchar* usb =
+            umockdev_testbed_add_device(testbed, "usb", "1-2", nullptr, "busnum", "1", "devnum",
+                                        "5", "manufacturer", "USB Maker", "product", "Bare",
+                                        "serial", "S9", nullptr, "DEVTYPE", "usb_device", nullptr);
+        g_free(umockdev_testbed_add_device(testbed, "usb", "1-2:1.0", usb, "bInterfaceClass", "07",
+                                           "bInterfaceSubClass", "01", nullptr, "DEVTYPE",
+                                           "usb_interface", nullptr));
+        g_free(usb);
+        QCOMPARE(tavctlList(),
+                 QByteArray("[{\"framing\":\"TAV\",\"manufacturer\":\"USB Maker\",\"model\":"
+                            "\"Bare\",\"node\":\"usb:001:005\",\"serial\":\"S9\"}]"));
+    }
+
     void chooserFollowsPlugAndUnplug()
     {
         ChooserWindow chooser(QStringLiteral(TAV_BIN_DIR));

@@ -19,6 +19,8 @@ const QString kInstall = "/tmp/tav-install";
 const QString kSample = TAV_DATA_DIR "/laser_mfp.xml";
 const char kDevName[] = "Kernel USB";
 const QByteArray kFailure = "Cannot get printer settings!";
+const QString kSerial = "usb:serial=TAV0001"; // the gadget's serial number string
+const QString kPlugged = "/sys/bus/usb/devices/1-1/";
 
 QByteArray readAll(const QString& path)
 {
@@ -47,17 +49,34 @@ void install()
     QFile::link(TAV_SHARE_DIR, kInstall + "/share");
 }
 
+// The printer driver loaded, with its /dev/usb/lp0, or not: then only libusb reaches the printer.
+bool setUsblp(bool loaded)
+{
+    if (readAll("/proc/modules").contains("usblp ") == loaded)
+        return true;
+    const QStringList command = loaded ? QStringList{"insmod", "/run/tav-guest/modules/usblp.ko"}
+                                       : QStringList{"rmmod", "usblp"};
+    return QProcess::execute("/run/tav-guest/busybox", command) == 0;
+}
+
+// The printer by bus and address, as this plug-in numbered it.
+QString busAddress()
+{
+    return QString::asprintf("usb:%03d:%03d", readAll(kPlugged + "busnum").trimmed().toInt(),
+                             readAll(kPlugged + "devnum").trimmed().toInt());
+}
+
 QString savedSpecification()
 {
     return kInstall + "/bin/tav(" + kDevName + ").xml";
 }
 
-// Runs `tav DEVICE` until it has saved the whole specification (`served`) or has said it failed,
-// for at most `limitMs` after the printer got the first request (the emulated machine takes its own
-// time to start the program); `during` runs once the printer has started sending the text. Gives
-// the program's log.
+// Runs `tav DEVICE` (default /dev/usb/lp0) until it has saved the whole specification (`served`) or
+// has said it failed, for at most `limitMs` after the printer got the first request (the emulated
+// machine takes its own time to start the program); `during` runs once the printer has started
+// sending the text. Gives the program's log.
 QByteArray runTav(int limitMs, const QString& served = kSample,
-                  const std::function<void()>& during = {})
+                  const std::function<void()>& during = {}, const QString& device = kLp)
 {
     QFile::remove(savedSpecification());
     QProcess tav;
@@ -65,7 +84,7 @@ QByteArray runTav(int limitMs, const QString& served = kSample,
     env.insert("QT_QPA_PLATFORM", "offscreen");
     env.insert("XDG_RUNTIME_DIR", "/tmp");
     tav.setProcessEnvironment(env);
-    tav.start(kInstall + "/bin/tav", {kLp, kDevName, "debug", "save_tav"});
+    tav.start(kInstall + "/bin/tav", {device, kDevName, "debug", "save_tav"});
     const qint64 whole = readAll(served).size();
     QByteArray log;
     QElapsedTimer clock;
@@ -108,6 +127,7 @@ private slots:
         qputenv("TAV_GADGET_LOG", kGadgetLog.toLocal8Bit());
         install();
     }
+    void init() { QVERIFY(setUsblp(true)); }
     void cleanup() { gadget({"stop"}); }
 
     void specificationThroughUsblp_data()
@@ -198,6 +218,83 @@ private slots:
         runTav(60000, QFile::exists(kState) ? kState : kSample);
         const QRegularExpression stored("<SleepTimer [^>]*CURRENT=\"42\"");
         QCOMPARE(QString::fromUtf8(readAll(savedSpecification())).contains(stored), accepted);
+    }
+
+    // tavctl's set and get, through the driver's node and through libusb alone.
+    void tavctlSetAndGet_data()
+    {
+        columns<bool, QString>({"usblp", "device"});
+        QTest::newRow("/dev/usb/lp0") << true << kLp;
+        QTest::newRow("usb:BUS:ADDR") << false << QString();
+        QTest::newRow("usb:serial=") << false << kSerial;
+    }
+    void tavctlSetAndGet()
+    {
+        const auto [usblp, named] = fetch<bool, QString>();
+        QVERIFY(setUsblp(usblp));
+        QFile::remove(kState);
+        QVERIFY(plugIn({"--state", kState}));
+        const QString device = named.isEmpty() ? busAddress() : named;
+        QProcess tavctl;
+        tavctl.start(TAV_BIN_DIR "/tavctl", {"set", device, "SleepTimer=42"});
+        QVERIFY(tavctl.waitForFinished(60000));
+        QVERIFY2(tavctl.exitCode() == 0, tavctl.readAllStandardError().constData());
+        const QRegularExpression stored("<SleepTimer [^>]*CURRENT=\"42\"");
+        QVERIFY(QString::fromUtf8(readAll(kState)).contains(stored));
+        tavctl.start(TAV_BIN_DIR "/tavctl", {"get", device, "SleepTimer"});
+        QVERIFY(tavctl.waitForFinished(60000));
+        QCOMPARE(tavctl.readAllStandardOutput(), QByteArray("42\n"));
+    }
+
+    void specificationWithoutUsblp_data()
+    {
+        columns<bool, QStringList, QString, QByteArray>({"usblp", "options", "device", "reported"});
+        QTest::newRow("TAV usb:BUS:ADDR")
+            << false << QStringList() << QString() << QByteArray("TAV \"DATA\"");
+        QTest::newRow("IDS usb:serial=")
+            << false << QStringList{"--ids"} << kSerial << QByteArray("IDS 0xF5010000");
+        QTest::newRow("asleep") << false << QStringList{"--wake-probes", "3"} << kSerial
+                                << QByteArray("control: awake after 3 status probes");
+        QTest::newRow("usblp detached")
+            << true << QStringList() << kSerial << QByteArray("TAV \"DATA\"");
+    }
+    // The bulk endpoints of the printer interface carry the exchange when the device is named
+    // rather than its driver's node; a bound driver is detached for it and attached again.
+    void specificationWithoutUsblp()
+    {
+        const auto [usblp, options, named, reported] =
+            fetch<bool, QStringList, QString, QByteArray>();
+        QVERIFY(setUsblp(usblp));
+        QVERIFY(plugIn(options));
+        QCOMPARE(QFile::exists(kLp), usblp);
+        const QByteArray log = runTav(60000, kSample, {}, named.isEmpty() ? busAddress() : named);
+        QCOMPARE(readAll(savedSpecification()), readAll(kSample));
+        QVERIFY2(readAll(kGadgetLog).contains(reported), readAll(kGadgetLog).constData());
+        QCOMPARE(log.contains("kernel driver detached"), usblp);
+        QCOMPARE(QFile::exists(kLp), usblp);
+    }
+
+    void faultWithoutUsblp_data()
+    {
+        columns<QStringList, bool>({"options", "unplug"});
+        QTest::newRow("--hangup") << QStringList{"--hangup"} << false;
+        QTest::newRow("unplugged") << QStringList{"--slow", "10000"} << true;
+    }
+    // The same clear message as through the driver's node; once plugged in again (at a new
+    // address), the serial number finds the printer.
+    void faultWithoutUsblp()
+    {
+        const auto [options, unplug] = fetch<QStringList, bool>();
+        QVERIFY(setUsblp(false));
+        QVERIFY(plugIn(options));
+        const auto pull = [unplug = unplug] {
+            if (unplug)
+                gadget({"unbind"});
+        };
+        QVERIFY(runTav(10000, kSample, pull, busAddress()).contains(kFailure));
+        QVERIFY(plugIn({}));
+        runTav(60000, kSample, {}, kSerial);
+        QCOMPARE(readAll(savedSpecification()), readAll(kSample));
     }
 };
 
