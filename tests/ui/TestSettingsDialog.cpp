@@ -455,6 +455,7 @@ private slots:
     void returnNeverFoldsTheGroups()
     {
         Setup s;
+        s.dialog.activateWindow(); // no window manager gives it the focus
         QVERIFY(QTest::qWaitForWindowActive(&s.dialog));
         s.dialog.paramList->setFocus();
         s.dialog.paramList->setCurrentItem(s.dialog.findParamItem("Location"));
