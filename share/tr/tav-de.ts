@@ -9,6 +9,29 @@
     </message>
 </context>
 <context>
+    <name>AcceptedCharacters</name>
+    <message>
+        <source>Any character except %1</source>
+        <translation>Alle Zeichen außer %1</translation>
+    </message>
+    <message>
+        <source>Characters: %1</source>
+        <translation>Zeichen: %1</translation>
+    </message>
+    <message>
+        <source>Printable ASCII characters</source>
+        <translation>Druckbare ASCII-Zeichen</translation>
+    </message>
+    <message>
+        <source>Printable ASCII characters except %1</source>
+        <translation>Druckbare ASCII-Zeichen außer %1</translation>
+    </message>
+    <message>
+        <source>space</source>
+        <translation>Leerzeichen</translation>
+    </message>
+</context>
+<context>
     <name>BackupDocument</name>
     <message>
         <source>not a readable XML document</source>
@@ -199,6 +222,18 @@ Beim Übernehmen werden sie auch im Drucker geleert:</translation>
     <message>
         <source>Sending the settings to %1...</source>
         <translation>Einstellungen werden an %1 gesendet...</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read.</source>
+        <translation>Die Datei %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The printer sent no settings.</source>
+        <translation>Der Drucker hat keine Einstellungen gesendet.</translation>
+    </message>
+    <message>
+        <source>The settings document cannot be read.</source>
+        <translation>Das Einstellungsdokument kann nicht gelesen werden.</translation>
     </message>
 </context>
 <context>
@@ -443,6 +478,25 @@ Rückgabewert: 0 erledigt, 1 Aufruffehler, 2 ein Wert abgelehnt, 3 vom Gerät ab
     <message>
         <source>Unknown control type</source>
         <translation>Unbekannter Steuerelementtyp</translation>
+    </message>
+</context>
+<context>
+    <name>ElementHelp</name>
+    <message>
+        <source>%1 – %2, step %3</source>
+        <translation>%1 – %2, Schrittweite %3</translation>
+    </message>
+    <message>
+        <source>from %1, step %2</source>
+        <translation>ab %1, Schrittweite %2</translation>
+    </message>
+    <message>
+        <source>up to %1, step %2</source>
+        <translation>bis %1, Schrittweite %2</translation>
+    </message>
+    <message>
+        <source>step %1</source>
+        <translation>Schrittweite %1</translation>
     </message>
 </context>
 <context>
@@ -1001,6 +1055,25 @@ Alle Gruppen: %1 Einstellung(en) in %2 Gruppe(n).</translation>
     </message>
 </context>
 <context>
+    <name>StartupError</name>
+    <message>
+        <source>The reason is not known.</source>
+        <translation>Der Grund ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>Device: %1</source>
+        <translation>Gerät: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Retry</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+</context>
+<context>
     <name>TAVClient</name>
     <message>
         <source>The printer could not be reached.</source>
@@ -1025,6 +1098,10 @@ Alle Gruppen: %1 Einstellung(en) in %2 Gruppe(n).</translation>
     <message>
         <source>The printer&apos;s answer did not match the request.</source>
         <translation>Die Antwort des Druckers passte nicht zur Anfrage.</translation>
+    </message>
+    <message>
+        <source>The printer refused the request.</source>
+        <translation>Der Drucker hat die Anfrage abgelehnt.</translation>
     </message>
 </context>
 <context>

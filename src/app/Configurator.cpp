@@ -172,6 +172,8 @@ QString Configurator::readPrinterSettings()
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly)) {
             TAV_LOG(9, "Cannot open file: '%s'", QFile::encodeName(path).constData());
+            problem = QCoreApplication::translate("Configurator", "The file %1 cannot be read.")
+                          .arg(QDir::toNativeSeparators(path));
             return QString();
         }
         text = QString::fromLatin1(file.readAll());
@@ -188,6 +190,8 @@ QString Configurator::readPrinterSettings()
                             failure = client->failure();
                         });
         problem = TAVClient::failureText(failure);
+        if (text.isEmpty() && problem.isEmpty())
+            problem = QCoreApplication::translate("Configurator", "The printer sent no settings.");
     }
     if (saveSpec)
         saveText(withDevName("./tav(%1).xml"), text.toLatin1());
@@ -210,8 +214,11 @@ Element* Configurator::getPrinterSettings()
     // The text carries the document's bytes one to one; the XML reader decodes them by the
     // encoding the document declares.
     settingsParser.setContent(text.toLatin1());
-    if (!settingsParser.readPrinterSettings())
+    if (!settingsParser.readPrinterSettings()) {
+        problem =
+            QCoreApplication::translate("Configurator", "The settings document cannot be read.");
         return nullptr;
+    }
     applyTranslation();
     if (saveNew)
         settingsParser.save(withDevName("./tav(%1).xml"));

@@ -6,12 +6,12 @@
 #include "app/QtTranslation.h"
 #include "io/DeviceAccess.h"
 #include "ui/SettingsDialog.h"
+#include "ui/StartupError.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLayout>
-#include <QMessageBox>
 
 #include <cstdio>
 #include <cstdlib>
@@ -35,15 +35,6 @@ void changeToExecutableFolder()
     if (!QDir::setCurrent(folder))
         TAV_LOG(9, "Failed to change the current directory");
     TAV_LOG(9, "QDir::currentDirPath=<%s>", QFile::encodeName(QDir::currentPath()).constData());
-}
-
-void reportNoSettings(const QString& reason)
-{
-    const QString text = QCoreApplication::translate("main", "Cannot get printer settings!");
-    TAV_LOG(9, "%s", qPrintable(text));
-    QMessageBox box(QMessageBox::Critical, QCoreApplication::translate("main", "Error"), text);
-    box.setInformativeText(reason);
-    box.exec();
 }
 
 } // namespace
@@ -100,12 +91,15 @@ int main(int argc, char** argv)
         settings.has(QStringLiteral("save_tav_send")), settings.has(QStringLiteral("save_tav")),
         settings.has(QStringLiteral("save_new_tav")));
 
-    const bool settingsRead = configurator.getPrinterSettings() != nullptr;
-    if (!settingsRead) {
+    bool settingsRead = configurator.getPrinterSettings() != nullptr;
+    while (!settingsRead) {
         const QString permission = DeviceAccess::permissionProblem(args.at(1));
         if (!permission.isEmpty())
             fprintf(stderr, "tav: %s\n", qPrintable(permission));
-        reportNoSettings(permission.isEmpty() ? configurator.exchangeProblem() : permission);
+        if (!StartupError::askRetry(
+                permission.isEmpty() ? configurator.exchangeProblem() : permission, args.at(1)))
+            break;
+        settingsRead = configurator.getPrinterSettings() != nullptr;
     }
 
     SettingsDialog dialog(nullptr);

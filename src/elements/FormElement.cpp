@@ -4,6 +4,8 @@
 #include "elements/FactoryElement.h"
 #include "elements/MnemonicRegistry.h"
 #include "elements/TraceLog.h"
+#include "ui/ElementHelp.h"
+#include "ui/InvalidEntryWarning.h"
 #include "ui/PendingQuestion.h"
 #include "ui/PopupForm.h"
 
@@ -87,7 +89,9 @@ void FormElement::buildForm()
     for (Element* element : elements()) {
         const bool concrete = element->inherits("ConcreteElement");
         TAV_ASSERT_TEXT(concrete, "elements().at(i)->inherits(\"ConcreteElement\")");
-        m_pForm->addControl(element->createControl(m_pForm->controlPanel()));
+        QWidget* control = element->createControl(m_pForm->controlPanel());
+        ElementHelp::applyToControl(element, control);
+        m_pForm->addControl(control);
         if (concrete)
             reconnect(element, SIGNAL(valueChanged(const QString&)), this,
                       SLOT(enableApplyButton()));
@@ -142,6 +146,7 @@ void FormElement::okBtnClicked()
     iterateElements(findInvalid, &invalid);
     if (invalid) {
         // The form stays open at the value to correct.
+        InvalidEntryWarning::show(m_pForm, invalid);
         if (QWidget* control = invalid->control())
             control->setFocus(Qt::OtherFocusReason);
         return;

@@ -1,7 +1,9 @@
 #include "elements/TextElement.h"
 
+#include "elements/ControlBox.h"
 #include "elements/TraceLog.h"
 
+#include <QBoxLayout>
 #include <QDomElement>
 #include <QLabel>
 
@@ -20,12 +22,19 @@ QString TextElement::shownText() const
 QWidget* TextElement::createControl(QWidget* parent)
 {
     TAV_TRACE(11, "TextElement::createControl:\n%s", qPrintable(toString()));
-    auto* label = new QLabel(shownText(), parent);
+    // A value read from the device ("18734") says little without its title beside it.
+    const bool captioned = !_textLabel.isEmpty() && !title().isEmpty() && title() != id();
+    QWidget* box = captioned
+                       ? ControlBox::create(parent, title(), Qt::AlignRight | Qt::AlignVCenter)
+                       : nullptr;
+    auto* label = new QLabel(shownText(), box ? box : parent);
     label->setObjectName(QStringLiteral("textLabel"));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setAccessibleName(title());
+    if (box)
+        static_cast<QBoxLayout*>(box->layout())->addWidget(label, 1);
     setControl(label);
     checkConstraints(nullptr, true);
-    return label;
+    return box ? box : label;
 }

@@ -138,6 +138,7 @@ void TAVClient::fail(Failure failure)
     case Failure::Mismatch:
         TAV_LOG(9, "the reply does not answer this request; refused");
         break;
+    case Failure::Refused:
     case Failure::Device:
     case Failure::None:
         break;
@@ -164,6 +165,8 @@ QString TAVClient::failureText(Failure failure)
     case Failure::Mismatch:
         return QCoreApplication::translate("TAVClient",
                                            "The printer's answer did not match the request.");
+    case Failure::Refused:
+        return QCoreApplication::translate("TAVClient", "The printer refused the request.");
     }
     return QString();
 }
@@ -240,6 +243,7 @@ QString TAVClient::fetchSpecification(bool idsFraming)
             TAV_LOG(9, "TAVClient::getSpecification_ids(): size of buffer is 0!");
         else
             TAV_LOG(9, "TAVClient::getSpecification_tav(): size of buffer is 0!");
+        fail(Failure::Refused);
         return QString();
     }
     if (!sizeAcceptable(size))

@@ -43,7 +43,8 @@ public:
         Stalled,   // no byte moved within the idle limit
         Deadline,  // the exchange as a whole took too long
         Cancelled, // the person waiting stopped it
-        Mismatch   // the reply answers another request
+        Mismatch,  // the reply answers another request
+        Refused    // the device answered that it has nothing to give
     };
 
     TAVClient(const QString& devicePath, const Capabilities* capabilities);

@@ -16,6 +16,7 @@
 #include "ui/ClearingQuestion.h"
 #include "ui/DialogMemory.h"
 #include "ui/HelpViewer.h"
+#include "ui/InvalidEntryWarning.h"
 #include "ui/PendingQuestion.h"
 #include "ui/SettingsPanel.h"
 #include "ui/SettingsViewItem.h"
@@ -218,6 +219,10 @@ SettingsDialog::SettingsDialog(QWidget* parent, const char* name, Qt::WindowFlag
     _panel->setObjectName(QStringLiteral("panelScroll"));
     frameLayout->addWidget(_panel);
     connect(_panel, &SettingsPanel::controlsAdded, this, &SettingsDialog::chainPanelFocus);
+    connect(_panel, &SettingsPanel::subgroupChosen, this, [this](Element* subgroup) {
+        if (SettingsViewItem* row = findParamItem(subgroup->id()))
+            paramList->setCurrentItem(row);
+    });
 
     paramList->header()->setSectionResizeMode(0, QHeaderView::Interactive);
     paramList->header()->setStretchLastSection(true);
@@ -656,13 +661,8 @@ void SettingsDialog::applyBtn_clicked()
         }
         return;
     }
-    auto* invalid = qobject_cast<ConcreteElement*>(search.found);
-    TAV_LOG(9, "current()='%s' title()='%s'", qPrintable(invalid->current()),
-            qPrintable(invalid->title()));
-    QMessageBox::warning(this, tr("Error"),
-                         tr("The '%1' is not a valid entry for '%2'.\nPlease specify another value")
-                             .arg(invalid->current(), invalid->title()));
-    leadTo(invalid);
+    InvalidEntryWarning::show(this, search.found);
+    leadTo(search.found);
 }
 
 bool SettingsDialog::confirmClearing(Element* under)
@@ -878,12 +878,20 @@ void SettingsDialog::showGroupOf(Element* element)
     if (!group || group == shownGroup())
         return;
     QList<Element*> members;
+    QList<Element*> subgroups;
     for (Element* child : static_cast<ComplexElement*>(group)->elements()) {
+        const SettingsViewItem* row = findParamItem(child->id());
         if (!isPanelGroup(child))
             members.append(child);
+        else if (row && !row->isHidden())
+            subgroups.append(child);
     }
     _panel->clear();
     findFocusFollowers();
+    if (members.isEmpty() && !subgroups.isEmpty()) {
+        _panel->showLinks(group, subgroups);
+        return;
+    }
     _panel->showGroup(group, members, [this](const Element* member) {
         const SettingsViewItem* row = findParamItem(member->id());
         return row && row->isHidden();

@@ -2,6 +2,8 @@
 
 #include "app/Log.h"
 #include "elements/Element.h"
+#include "ui/ElementHelp.h"
+#include "ui/SubgroupLinks.h"
 
 #include <QCoreApplication>
 #include <QVBoxLayout>
@@ -55,6 +57,17 @@ void SettingsPanel::showGroup(Element* group, const QList<Element*>& members,
     }
 }
 
+void SettingsPanel::showLinks(Element* group, const QList<Element*>& subgroups)
+{
+    clear();
+    _group = group;
+    auto* links = new SubgroupLinks(subgroups, _content);
+    connect(links, &SubgroupLinks::chosen, this, &SettingsPanel::subgroupChosen);
+    _layout->insertWidget(0, links);
+    links->show();
+    emit controlsAdded(links);
+}
+
 void SettingsPanel::clear()
 {
     _builder.stop();
@@ -96,6 +109,7 @@ void SettingsPanel::buildBlock(int count)
         QWidget* control = member ? member->createControl(block) : nullptr;
         if (!control)
             continue;
+        ElementHelp::applyToControl(member, control);
         layout->addWidget(control);
         if (_startsHidden && _startsHidden(member))
             control->hide();

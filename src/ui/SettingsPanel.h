@@ -32,6 +32,8 @@ public:
     // tells which controls start hidden.
     void showGroup(Element* group, const QList<Element*>& members,
                    const std::function<bool(const Element*)>& startsHidden);
+    // Shows links to the subgroups of a group that holds nothing else.
+    void showLinks(Element* group, const QList<Element*>& subgroups);
     // Deletes every control and forgets the group.
     void clear();
     // The control of a member of the shown group, made now (with the members before it)
@@ -41,6 +43,8 @@ public:
 signals:
     // A block of controls joined the panel; they sit at the end of the window's focus chain.
     void controlsAdded(QWidget* block);
+    // A link of showLinks() was followed.
+    void subgroupChosen(Element* subgroup);
 
 private:
     // Makes the controls of the next `count` waiting members in a block of their own, which

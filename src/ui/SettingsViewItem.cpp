@@ -1,6 +1,7 @@
 #include "ui/SettingsViewItem.h"
 
 #include "elements/ConcreteElement.h"
+#include "ui/ElementHelp.h"
 
 SettingsViewItem::SettingsViewItem(QTreeWidget* list, Element* element)
     : QTreeWidgetItem(list, Type)
@@ -31,4 +32,5 @@ void SettingsViewItem::fill()
     setText(0, _element->title());
     if (const auto* concrete = qobject_cast<const ConcreteElement*>(_element))
         setText(1, concrete->displayValue());
+    ElementHelp::applyToRow(this, _element);
 }

@@ -5,6 +5,7 @@
 #include "elements/AboutElement.h"
 #include "elements/AboutInfo.h"
 #include "elements/BoundaryElement.h"
+#include "elements/ControlBox.h"
 #include "elements/DateTimeElement.h"
 #include "elements/EditElement.h"
 #include "elements/EditValidator.h"
@@ -157,7 +158,10 @@ private slots:
             SpecText::read("<T TYPE='STATICTEXT' STRING='Note' TEXTLABEL='Wait &lt;5&gt;'/>"
                            "<U TYPE='STATICTEXT' STRING='Plain'/>");
         QWidget panel;
-        auto* label = qobject_cast<QLabel*>(parser->findElement("T")->createControl(&panel));
+        // A value read from the device has its title beside it.
+        QWidget* box = parser->findElement("T")->createControl(&panel);
+        QCOMPARE(ControlBox::label(box)->text(), QString("Note"));
+        auto* label = qobject_cast<QLabel*>(parser->findElement("T")->control());
         QCOMPARE(label->text(), QString("Wait <5>"));
         QCOMPARE(label->textFormat(), Qt::PlainText);
         QVERIFY(label->wordWrap());

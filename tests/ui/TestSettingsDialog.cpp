@@ -11,10 +11,12 @@
 #include "ui/PopupForm.h"
 #include "ui/SettingsDialog.h"
 #include "ui/SettingsViewItem.h"
+#include "ui/StartupError.h"
 #include "xml/BackupDocument.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCommandLinkButton>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -26,6 +28,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QTimer>
 
 namespace {
@@ -297,6 +300,80 @@ private slots:
         QTRY_VERIFY(opened);
         QCOMPARE(s.boxes.seen.value(0).section('|', 0, 0), QString("Error"));
         QVERIFY(s.sent().isEmpty());
+    }
+
+    // A form's own Apply warns of an invalid value as the dialog's does, and sends nothing.
+    void invalidValueWarnsAtTheFormsApply()
+    {
+        Setup s(QString(kForm).arg("300.1.1.1"));
+        auto* net = qobject_cast<FormElement*>(s.element("Net"));
+        bool stayedOpen = false;
+        QTimer::singleShot(0, net, [net, &stayedOpen] {
+            QTest::keyClicks(net->form()->controlPanel()->findChild<QLineEdit*>(), "b");
+            click(net->form()->findChild<QPushButton*>("btnOK"));
+            stayedOpen = net->form();
+            if (net->form())
+                net->form()->done(QDialog::Rejected);
+        });
+        click(show(s.dialog, "Net"));
+        QVERIFY(stayedOpen);
+        QCOMPARE(s.boxes.seen.value(s.boxes.seen.size() - 1),
+                 QString("Error|The '300.1.1.1' is not a valid entry for 'Address'.\n"
+                         "Please specify another value"));
+        QVERIFY(s.sent().isEmpty());
+    }
+
+    // Description and what a field accepts reach its row's and its control's tooltip; device
+    // text is never read as markup.
+    void helpInPlace_data()
+    {
+        addRows({"setting", "id", "description", "help", "placeholder"},
+                {{"range and step",
+                  "<Pause TYPE='INTEGER' STRING='Pause' CURRENT='5' MIN='0' MAX='60' STEP='5'/>",
+                  "Pause", "Minutes before sleep.", "Minutes before sleep.\n0 – 60, step 5", ""},
+                 {"decimal as the device writes it",
+                  "<Gamma TYPE='FLOAT' STRING='Gamma' CURRENT='1.5' MIN='0.50' MAX='2.5' "
+                  "STEP='0.1' DIGITS='2'/>",
+                  "Gamma", "", "0.50 – 2.5, step 0.1", ""},
+                 {"restricted characters",
+                  "<Asset TYPE='EDITBOX' STRING='Asset' CURRENT='A1'><AllowedCharacters>"
+                  "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-</AllowedCharacters></Asset>",
+                  "Asset", "", "Characters: - 0–9 A–Z", "Characters: - 0–9 A–Z"},
+                 {"markup stays text", "", "SleepTimer", "<b>x</b> <img src='y'>",
+                  "<b>x</b> <img src='y'>\n1 – 240, step 1", ""}});
+    }
+    void helpInPlace()
+    {
+        const auto [setting, id, description, help, placeholder] = texts<5>();
+        Setup s(setting);
+        if (!description.isEmpty()) {
+            s.element(qPrintable(id))->setDescription(description);
+            s.dialog.fillSettings(s.configurator->rootElement());
+        }
+        const auto shown = [](const QString& richText) {
+            QTextDocument document;
+            document.setHtml(richText);
+            return document.toPlainText().replace(QChar::LineSeparator, '\n');
+        };
+        QWidget* control = show(s.dialog, qPrintable(id));
+        QCOMPARE(shown(s.dialog.findParamItem(id)->toolTip(0)), help);
+        QCOMPARE(shown(control->toolTip()), help);
+        QCOMPARE(shown(control->whatsThis()), help);
+        auto* edit = qobject_cast<QLineEdit*>(control);
+        QCOMPARE(edit ? edit->placeholderText() : QString(), placeholder);
+    }
+
+    // A group that holds only groups links to them; following a link selects that group.
+    void subgroupLinksSelectTheSubgroup()
+    {
+        Setup s("<Paper STRING='Paper'><Trays STRING='Trays'><Tray TYPE='INTEGER' STRING='Tray' "
+                "CURRENT='1'/></Trays></Paper>");
+        s.dialog.paramList->setCurrentItem(s.dialog.findParamItem("Paper"));
+        auto* link = s.dialog.panel()->findChild<QCommandLinkButton*>("Trays");
+        QVERIFY(link);
+        click(link);
+        QCOMPARE(s.current(), QString("Trays"));
+        QVERIFY(s.element("Tray")->control());
     }
 
     void samplePaperSizeLimitsTheMargin()
@@ -633,6 +710,13 @@ private slots:
         dialog.initialize(&configurator, "Test Laser");
         QCOMPARE(dialog.paramList->topLevelItemCount() + dialog.favoriteList->topLevelItemCount(),
                  0);
+        // The box names the cause and the device below its first line; Close declines.
+        ModalWatcher boxes;
+        boxes.answers << "Close";
+        QVERIFY(!StartupError::askRetry(configurator.exchangeProblem(), dir.filePath("lp9")));
+        QCOMPARE(boxes.seen, QStringList("Error|Cannot get printer settings!\nThe printer could "
+                                         "not be reached.\nDevice: " +
+                                         dir.filePath("lp9")));
     }
 };
 
