@@ -14,14 +14,18 @@
 #include "ui/ChangeReview.h"
 #include "ui/ClearingQuestion.h"
 #include "ui/DialogMemory.h"
+#include "ui/FilterBar.h"
 #include "ui/HelpViewer.h"
 #include "ui/PendingQuestion.h"
 #include "ui/SettingsPanel.h"
 #include "ui/SettingsViewItem.h"
+#include "ui/TreeFilter.h"
 #include "xml/ElementType.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QFont>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QResizeEvent>
@@ -54,7 +58,8 @@ bool countWrongSettings(Element* element, void* data)
     auto* concrete = qobject_cast<ConcreteElement*>(element);
     if (concrete && concrete->current() != concrete->initial()) {
         TAV_LOG(9, "id='%s' initial='%s' current='%s'", qPrintable(concrete->id()),
-                qPrintable(concrete->initial()), qPrintable(concrete->current()));
+                qPrintable(SecretSetting::masked(concrete, concrete->initial())),
+                qPrintable(SecretSetting::masked(concrete, concrete->current())));
         *static_cast<QString*>(data) += concrete->shownName() + QLatin1Char('\n');
     }
     return true;
@@ -194,6 +199,18 @@ SettingsDialog::SettingsDialog(QWidget* parent, const char* name, Qt::WindowFlag
     _panel = new SettingsPanel(paramFrame);
     _panel->setObjectName(QStringLiteral("panelScroll"));
     frameLayout->addWidget(_panel);
+
+    // The find field stands above the tree, first in the tree's column.
+    _filterBar = new FilterBar(paramList, this);
+    auto* treeColumn = new QVBoxLayout;
+    const int treeAt = listsLayout->indexOf(paramList);
+    listsLayout->removeWidget(paramList);
+    treeColumn->addWidget(_filterBar);
+    treeColumn->addWidget(paramList);
+    listsLayout->insertLayout(treeAt, treeColumn);
+    QWidget::setTabOrder(slider, _filterBar->field());
+    QWidget::setTabOrder(_filterBar->field(), _filterBar->changedOnly());
+    QWidget::setTabOrder(_filterBar->changedOnly(), paramList);
     connect(_panel, &SettingsPanel::controlsAdded, this, &SettingsDialog::chainPanelFocus);
 
     paramList->header()->setSectionResizeMode(0, QHeaderView::Interactive);
@@ -436,7 +453,7 @@ void SettingsDialog::elementChanged(const QString&)
     if (!concrete)
         return;
     if (SettingsViewItem* item = rowOf(element))
-        item->setText(1, concrete->displayValue());
+        item->setText(1, SecretSetting::shownValue(concrete));
     applyBtn->setEnabled(true);
     markChanges();
 }
@@ -448,7 +465,7 @@ void SettingsDialog::elementReset()
         return;
     if (SettingsViewItem* item = rowOf(concrete)) {
         item->setText(1, QString());
-        item->setText(1, concrete->displayValue());
+        item->setText(1, SecretSetting::shownValue(concrete));
     }
     markChanges();
 }
@@ -460,8 +477,10 @@ void SettingsDialog::changeVisibility(bool visible)
         return;
     TAV_LOG(9, "SettingsDialog::changeVisibility(%s) for %s", visible ? "true" : "false",
             qPrintable(element->id()));
-    if (SettingsViewItem* item = findParamItem(element->id()))
-        item->setHidden(!visible);
+    if (SettingsViewItem* item = findParamItem(element->id())) {
+        item->setDeviceHidden(!visible);
+        _filterBar->filter()->refreshLater(); // its group may have to show or go
+    }
 }
 
 bool SettingsDialog::sendChanges(const QString& id)
@@ -600,11 +619,11 @@ void SettingsDialog::applyBtn_clicked()
         return;
     }
     auto* invalid = qobject_cast<ConcreteElement*>(search.found);
-    TAV_LOG(9, "current()='%s' title()='%s'", qPrintable(invalid->current()),
-            qPrintable(invalid->title()));
+    const QString shown = SecretSetting::masked(invalid, invalid->current());
+    TAV_LOG(9, "current()='%s' title()='%s'", qPrintable(shown), qPrintable(invalid->title()));
     QMessageBox::warning(this, tr("Error"),
                          tr("The '%1' is not a valid entry for '%2'.\nPlease specify another value")
-                             .arg(invalid->current(), invalid->title()));
+                             .arg(shown, invalid->title()));
     leadTo(invalid);
 }
 
@@ -829,7 +848,7 @@ void SettingsDialog::showGroupOf(Element* element)
     findFocusFollowers();
     _panel->showGroup(group, members, [this](const Element* member) {
         const SettingsViewItem* row = findParamItem(member->id());
-        return row && row->isHidden();
+        return row && row->isDeviceHidden();
     });
 }
 

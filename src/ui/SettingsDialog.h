@@ -8,6 +8,7 @@
 
 class Configurator;
 class Element;
+class FilterBar;
 class QTreeWidgetItem;
 class SettingsPanel;
 class SettingsViewItem;
@@ -94,6 +95,7 @@ private:
     bool reviewChanges(Element* under);
 
     SettingsPanel* _panel = nullptr;
+    FilterBar* _filterBar = nullptr;
     Configurator* _configurator = nullptr;
     int _selected = 0;
     Element* _root = nullptr;
