@@ -116,9 +116,10 @@ void TreeFilter::index()
         Row row{item, _indexOf.value(item->parent(), -1), QString(), item->text(1).toCaseFolded(),
                 !element || element->isComplex()};
         if (element) {
-            // The description defaults to the title: searched once then.
+            // The description defaults to the title: searched once then. A group's description
+            // speaks of its members, so it would bring them all in: only its name counts.
             row.hay = element->title() + QLatin1Char('\n') + element->id();
-            if (element->description() != element->title())
+            if (!row.group && element->description() != element->title())
                 row.hay += QLatin1Char('\n') + element->description();
             row.hay = std::move(row.hay).toCaseFolded();
         }

@@ -11,7 +11,7 @@ class SettingsViewItem;
 
 // Narrows the parameter tree to the settings whose title, id, shown value or description
 // holds a text (any case), and optionally to those with pending changes, keeping the group
-// rows above them. A group whose own title holds the text keeps all its rows. Rows the
+// rows above them. A group whose own title or id holds the text keeps all its rows. Rows the
 // device's dependencies hide stay hidden whatever matches.
 class TreeFilter : public QObject
 {
