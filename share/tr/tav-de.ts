@@ -500,6 +500,25 @@ Rückgabewert: 0 erledigt, 1 Aufruffehler, 2 ein Wert abgelehnt, 3 vom Gerät ab
     </message>
 </context>
 <context>
+    <name>FilterBar</name>
+    <message>
+        <source>Changed o&amp;nly</source>
+        <translation>&amp;Nur geänderte</translation>
+    </message>
+    <message>
+        <source>Find a setting (Ctrl+F)</source>
+        <translation>Einstellung suchen (Strg+F)</translation>
+    </message>
+    <message>
+        <source>Find a setting</source>
+        <translation>Einstellung suchen</translation>
+    </message>
+    <message>
+        <source>Show only the settings with changes not yet sent</source>
+        <translation>Nur die Einstellungen mit noch nicht gesendeten Änderungen zeigen</translation>
+    </message>
+</context>
+<context>
     <name>HelpViewer</name>
     <message>
         <source>Help</source>
@@ -857,6 +876,25 @@ Prüfen Sie, ob jeder Farbblock gleichmäßig ist, ohne Streifen oder Lücken. I
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>SecretField</name>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>Show or hide the text</source>
+        <translation>Text zeigen oder verbergen</translation>
+    </message>
+    <message>
+        <source>Show the text</source>
+        <translation>Text zeigen</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Verbergen</translation>
     </message>
 </context>
 <context>

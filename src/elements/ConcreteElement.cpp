@@ -1,5 +1,6 @@
 #include "elements/ConcreteElement.h"
 
+#include "elements/SecretSetting.h"
 #include "elements/TraceLog.h"
 #include "xml/Constraint.h"
 
@@ -71,7 +72,8 @@ bool ConcreteElement::checkConstraints(Element* initiator, bool selfChecking)
         TAV_TRACE(11, "checkConstraints - condition type: %d", constraint->kind());
         TAV_TRACE(11, "Control info:\n%s", qPrintable(toString()));
         if (!constraint->test(_current)) {
-            TAV_LOG(9, "current()='%s' title()='%s'", qPrintable(_current), qPrintable(title()));
+            TAV_LOG(9, "current()='%s' title()='%s'",
+                    qPrintable(SecretSetting::masked(this, _current)), qPrintable(title()));
             return false;
         }
     }
@@ -92,8 +94,8 @@ void ConcreteElement::valueChange(const QString& text)
 {
     if (text == _current)
         return;
-    TAV_TRACE(10, "'%s' -> '%s' for:\n%s", qPrintable(_current), qPrintable(text),
-              qPrintable(toString()));
+    TAV_TRACE(10, "'%s' -> '%s' for:\n%s", qPrintable(SecretSetting::masked(this, _current)),
+              qPrintable(SecretSetting::masked(this, text)), qPrintable(toString()));
     _current = text;
     _emptiedAtLoad = false; // the user's own value now
     emit valueChanged(_current);
@@ -108,7 +110,8 @@ bool acceptChanges(Element* element, void*)
     concrete->setInitial(concrete->current());
     concrete->confirmClearing();
     TAV_TRACE(10, "id: %s\n\tvalue: %s\n\tinit: %s", qPrintable(concrete->id()),
-              qPrintable(concrete->current()), qPrintable(concrete->initial()));
+              qPrintable(SecretSetting::masked(concrete, concrete->current())),
+              qPrintable(SecretSetting::masked(concrete, concrete->initial())));
     return true;
 }
 
@@ -120,6 +123,7 @@ bool rejectChanges(Element* element, void*)
     concrete->setCurrent(concrete->initial());
     emit concrete->valueChanged(concrete->current());
     TAV_TRACE(10, "id: %s\n\tvalue: %s\n\tinit: %s", qPrintable(concrete->id()),
-              qPrintable(concrete->current()), qPrintable(concrete->initial()));
+              qPrintable(SecretSetting::masked(concrete, concrete->current())),
+              qPrintable(SecretSetting::masked(concrete, concrete->initial())));
     return true;
 }

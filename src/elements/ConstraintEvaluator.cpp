@@ -6,6 +6,7 @@
 #include "elements/ListElement.h"
 #include "elements/NumericElement.h"
 #include "elements/Parameter.h"
+#include "elements/SecretSetting.h"
 #include "elements/TableElement.h"
 #include "elements/TraceLog.h"
 #include "xml/Attribute.h"
@@ -299,7 +300,7 @@ bool ConstraintEvaluator::assign(Element* element, ConstraintState* state,
     if (element->property(name.constData()) == value)
         return true;
     TAV_LOG(10, "'%s': %s = '%s'", qPrintable(element->id()), name.constData(),
-            qPrintable(value.toString()));
+            qPrintable(SecretSetting::masked(element, value.toString())));
     // Limits go through their change slots, which tell the control.
     return element->setProperty(name.constData(), value);
 }
@@ -339,7 +340,7 @@ void ConstraintEvaluator::commitAttributes(Element* element, ConstraintState* st
         if (element->property(name.constData()) == it.value())
             continue;
         TAV_LOG(10, "'%s': %s back to '%s'", qPrintable(element->id()), name.constData(),
-                qPrintable(it.value().toString()));
+                qPrintable(SecretSetting::masked(element, it.value().toString())));
         element->setProperty(name.constData(), it.value());
     }
     if (assigned || !released.isEmpty())

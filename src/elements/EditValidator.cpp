@@ -1,6 +1,7 @@
 #include "elements/EditValidator.h"
 
 #include "elements/ConcreteElement.h"
+#include "elements/SecretSetting.h"
 #include "elements/TraceLog.h"
 
 #include <QDomElement>
@@ -106,7 +107,8 @@ void EditValidator::_setupValidator(ConcreteElement* element, const QDomElement&
     }
 
     TAV_TRACE(10, "setupElementValidator: id=<%s> current=<%s> charset=<%s>",
-              qPrintable(element->id()), qPrintable(element->current()), qPrintable(charset));
+              qPrintable(element->id()),
+              qPrintable(SecretSetting::masked(element, element->current())), qPrintable(charset));
     if (pattern.isEmpty() && !templ.isEmpty() && !charset.isEmpty()) {
         pattern = templ.arg(escapeSpecialChars(charset));
         TAV_TRACE(10, "pattern=<%s>", qPrintable(pattern));

@@ -1,5 +1,6 @@
 #include "elements/FactoryElement.h"
 
+#include "elements/SecretSetting.h"
 #include "elements/TraceLog.h"
 
 #include <QDomElement>
@@ -16,6 +17,6 @@ void FactoryElement::setControlValue(const QString& value)
 {
     // Kinds without a control of their own have nothing to put the value into.
     TAV_TRACE(11, "FactoryElement::setControlValue: control=%p value='%s'",
-              static_cast<void*>(control()), qPrintable(value));
+              static_cast<void*>(control()), qPrintable(SecretSetting::masked(this, value)));
     checkDependencies();
 }

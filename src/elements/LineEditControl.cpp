@@ -2,6 +2,8 @@
 
 #include "elements/ControlBox.h"
 #include "elements/FactoryElement.h"
+#include "elements/SecretField.h"
+#include "elements/SecretSetting.h"
 #include "elements/TraceLog.h"
 
 #include <QHash>
@@ -42,6 +44,8 @@ QWidget* LineEditControl::create(FactoryElement* element, QWidget* parent, int m
     QObject::connect(edit, SIGNAL(textChanged(const QString&)), element,
                      SLOT(valueChange(const QString&)));
     ControlBox::addInput(box, edit, element->title());
+    if (SecretSetting::isSecret(element))
+        SecretField::protect(edit, box);
     element->setControl(edit);
     return box;
 }

@@ -1,6 +1,6 @@
 #include "elements/SecretSetting.h"
 
-#include "elements/Element.h"
+#include "elements/ConcreteElement.h"
 
 #include <QRegularExpression>
 
@@ -27,4 +27,14 @@ bool namesSecret(const QString& text)
 bool SecretSetting::isSecret(const Element* element)
 {
     return element && (namesSecret(element->id()) || namesSecret(element->title()));
+}
+
+QString SecretSetting::masked(const Element* element, const QString& value)
+{
+    return value.isEmpty() || !isSecret(element) ? value : QString::fromUtf8(mask());
+}
+
+QString SecretSetting::shownValue(const ConcreteElement* element)
+{
+    return masked(element, element->displayValue());
 }

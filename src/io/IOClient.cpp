@@ -123,7 +123,8 @@ qint64 IOClient::writeBlock(const char* data, qint64 length)
             ? (setNonBlocking(false), write(data, length))
             : polled(true, writePollUs, [&](int fd) { return ::write(fd, data, size_t(length)); });
     if (written > 0 && logLevel >= 11)
-        TAV_LOG(11, "I/O: HOST>FW: %s [%d bytes]", qPrintable(hexText(data, int(written))),
+        TAV_LOG(11, "I/O: HOST>FW: %s [%d bytes]",
+                contentLogged ? qPrintable(hexText(data, int(written))) : "(not logged)",
                 int(written));
     return written;
 }
@@ -148,10 +149,11 @@ qint64 IOClient::readPending(char* data, qint64 length)
     return received;
 }
 
-void IOClient::logReceived(const char* data, qint64 received)
+void IOClient::logReceived(const char* data, qint64 received) const
 {
     if (received > 0 && logLevel >= 11)
-        TAV_LOG(11, "I/O: HOST<FW: %s [%d bytes]", qPrintable(hexText(data, int(received))),
+        TAV_LOG(11, "I/O: HOST<FW: %s [%d bytes]",
+                contentLogged ? qPrintable(hexText(data, int(received))) : "(not logged)",
                 int(received));
 }
 

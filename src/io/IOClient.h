@@ -67,6 +67,11 @@ public:
 
     IOClientUsbEp0& ep0() { return usbEp0; }
 
+    // Whether the debug log shows the bytes moved or only their number: documents that may
+    // hold passwords are never written to the log.
+    bool isContentLogged() const { return contentLogged; }
+    void setContentLogged(bool on) { contentLogged = on; }
+
     // The classic flag word of an open mode (raw 0x40, write 0x02, read 0x01, ...), which
     // the log prints.
     static unsigned classicOpenMode(OpenMode mode);
@@ -91,13 +96,14 @@ private:
     qint64 nonBlocking(const std::function<qint64(int fd)>& operation) const;
     bool setNonBlocking(bool on) const;
     static void logResult(const char* what, const TransferResult& result);
-    static void logReceived(const char* data, qint64 received);
+    void logReceived(const char* data, qint64 received) const;
 
     QString path;
     UsbDeviceName usbName;
     std::unique_ptr<UsbBulkChannel> bulk; // set when usbName is valid
     int readPollUs = -1;
     int writePollUs = -1;
+    bool contentLogged = true;
     mutable bool nonBlockingMode = false; // the open descriptor's O_NONBLOCK, as last set
     IOClientUsbEp0 usbEp0; // after the settings above: its construction already uses the file
 };

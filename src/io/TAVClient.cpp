@@ -199,6 +199,15 @@ QByteArray TAVClient::request(const TAVCommand& command, uint32_t replyLength, b
     return reply.isEmpty() || answers(command, reply, text) ? reply : QByteArray();
 }
 
+QByteArray TAVClient::documentRequest(const TAVCommand& command, uint32_t replyLength, bool text)
+{
+    const bool logged = isContentLogged();
+    setContentLogged(false);
+    const QByteArray reply = request(command, replyLength, text);
+    setContentLogged(logged);
+    return reply;
+}
+
 bool TAVClient::answers(const TAVCommand& request, const QByteArray& reply, bool text)
 {
     const char marker = request.at(1);
@@ -248,9 +257,10 @@ QString TAVClient::fetchSpecification(bool idsFraming)
     }
     if (!sizeAcceptable(size))
         return QString();
-    return specificationText(request(idsFraming ? TAVCommand::ids(TAVCommand::kIdsSpecificationText)
-                                                : TAVCommand::tav(kDataQuery),
-                                     size, true));
+    return specificationText(
+        documentRequest(idsFraming ? TAVCommand::ids(TAVCommand::kIdsSpecificationText)
+                                   : TAVCommand::tav(kDataQuery),
+                        size, true));
 }
 
 QString TAVClient::getSpecification_tav()
@@ -264,7 +274,8 @@ bool TAVClient::setChanges_tav(const QString& changes)
     TAV_LOG(10, "TAVClient::setChanges_tav()");
     if (changes.isEmpty())
         return false;
-    const QByteArray reply = request(TAVCommand::tav(changes.toUtf8()), kTavReplySize, false);
+    const QByteArray reply =
+        documentRequest(TAVCommand::tav(changes.toUtf8()), kTavReplySize, false);
     if (reply.size() < kTavReplySize) {
         TAV_LOG(9, "\twrong size of response %d", int(reply.size()));
         return false;
@@ -283,7 +294,7 @@ bool TAVClient::setChanges_ids(const QString& changes)
     TAV_LOG(10, "TAVClient::setChanges_ids()");
     if (changes.isEmpty())
         return false;
-    const QByteArray reply = request(
+    const QByteArray reply = documentRequest(
         TAVCommand::ids(TAVCommand::kIdsApplyChanges, changes.toUtf8()), kIdsReplySize, false);
     if (reply.size() >= kIdsReplySize)
         return reply.at(9) != 0; // the IDS framing reports acceptance as non-zero

@@ -91,6 +91,9 @@ private:
     // The command's reply when it answers this request; nothing otherwise. `text` for the
     // specification text, short replies otherwise.
     QByteArray request(const TAVCommand& command, uint32_t replyLength, bool text);
+    // request() for an exchange that carries a settings document, which may hold passwords:
+    // the debug log shows how many bytes moved, not what they were.
+    QByteArray documentRequest(const TAVCommand& command, uint32_t replyLength, bool text);
     // A short reply is framed as the request was, and an IDS reply does not name another
     // command; a specification text does not start like a short reply.
     bool answers(const TAVCommand& request, const QByteArray& reply, bool text);

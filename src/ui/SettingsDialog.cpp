@@ -15,15 +15,19 @@
 #include "ui/ChangeReview.h"
 #include "ui/ClearingQuestion.h"
 #include "ui/DialogMemory.h"
+#include "ui/FilterBar.h"
 #include "ui/HelpViewer.h"
 #include "ui/InvalidEntryWarning.h"
 #include "ui/PendingQuestion.h"
 #include "ui/SettingsPanel.h"
 #include "ui/SettingsViewItem.h"
+#include "ui/TreeFilter.h"
 #include "xml/ElementType.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QFont>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QResizeEvent>
@@ -58,7 +62,8 @@ bool countWrongSettings(Element* element, void* data)
     auto* concrete = qobject_cast<ConcreteElement*>(element);
     if (concrete && concrete->current() != concrete->initial()) {
         TAV_LOG(9, "id='%s' initial='%s' current='%s'", qPrintable(concrete->id()),
-                qPrintable(concrete->initial()), qPrintable(concrete->current()));
+                qPrintable(SecretSetting::masked(concrete, concrete->initial())),
+                qPrintable(SecretSetting::masked(concrete, concrete->current())));
         *static_cast<QString*>(data) += concrete->shownName() + QLatin1Char('\n');
     }
     return true;
@@ -218,6 +223,18 @@ SettingsDialog::SettingsDialog(QWidget* parent, const char* name, Qt::WindowFlag
     _panel = new SettingsPanel(paramFrame);
     _panel->setObjectName(QStringLiteral("panelScroll"));
     frameLayout->addWidget(_panel);
+
+    // The find field stands above the tree, first in the tree's column.
+    _filterBar = new FilterBar(paramList, this);
+    auto* treeColumn = new QVBoxLayout;
+    const int treeAt = listsLayout->indexOf(paramList);
+    listsLayout->removeWidget(paramList);
+    treeColumn->addWidget(_filterBar);
+    treeColumn->addWidget(paramList);
+    listsLayout->insertLayout(treeAt, treeColumn);
+    QWidget::setTabOrder(slider, _filterBar->field());
+    QWidget::setTabOrder(_filterBar->field(), _filterBar->changedOnly());
+    QWidget::setTabOrder(_filterBar->changedOnly(), paramList);
     connect(_panel, &SettingsPanel::controlsAdded, this, &SettingsDialog::chainPanelFocus);
     connect(_panel, &SettingsPanel::subgroupChosen, this, [this](Element* subgroup) {
         if (SettingsViewItem* row = findParamItem(subgroup->id()))
@@ -466,7 +483,7 @@ void SettingsDialog::elementChanged(const QString&)
     if (!concrete)
         return;
     if (SettingsViewItem* item = rowOf(element))
-        item->setText(1, concrete->displayValue());
+        item->setText(1, SecretSetting::shownValue(concrete));
     applyBtn->setEnabled(true);
     markChanges();
 }
@@ -478,7 +495,7 @@ void SettingsDialog::elementReset()
         return;
     if (SettingsViewItem* item = rowOf(concrete)) {
         item->setText(1, QString());
-        item->setText(1, concrete->displayValue());
+        item->setText(1, SecretSetting::shownValue(concrete));
     }
     markChanges();
 }
@@ -490,8 +507,10 @@ void SettingsDialog::changeVisibility(bool visible)
         return;
     TAV_LOG(9, "SettingsDialog::changeVisibility(%s) for %s", visible ? "true" : "false",
             qPrintable(element->id()));
-    if (SettingsViewItem* item = findParamItem(element->id()))
-        item->setHidden(!visible);
+    if (SettingsViewItem* item = findParamItem(element->id())) {
+        item->setDeviceHidden(!visible);
+        _filterBar->filter()->refreshLater(); // its group may have to show or go
+    }
 }
 
 bool SettingsDialog::sendChanges(const QString& id)
@@ -894,7 +913,7 @@ void SettingsDialog::showGroupOf(Element* element)
     }
     _panel->showGroup(group, members, [this](const Element* member) {
         const SettingsViewItem* row = findParamItem(member->id());
-        return row && row->isHidden();
+        return row && row->isDeviceHidden();
     });
 }
 

@@ -9,6 +9,7 @@
 class ButtonElement;
 class Configurator;
 class Element;
+class FilterBar;
 class QTreeWidgetItem;
 class SettingsPanel;
 class SettingsViewItem;
@@ -96,6 +97,7 @@ private:
     bool reviewChanges(Element* under);
 
     SettingsPanel* _panel = nullptr;
+    FilterBar* _filterBar = nullptr;
     Configurator* _configurator = nullptr;
     int _selected = 0;
     Element* _root = nullptr;

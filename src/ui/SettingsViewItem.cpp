@@ -1,6 +1,7 @@
 #include "ui/SettingsViewItem.h"
 
 #include "elements/ConcreteElement.h"
+#include "elements/SecretSetting.h"
 #include "ui/ElementHelp.h"
 
 SettingsViewItem::SettingsViewItem(QTreeWidget* list, Element* element)
@@ -31,6 +32,18 @@ void SettingsViewItem::fill()
         return;
     setText(0, _element->title());
     if (const auto* concrete = qobject_cast<const ConcreteElement*>(_element))
-        setText(1, concrete->displayValue());
+        setText(1, SecretSetting::shownValue(concrete));
     ElementHelp::applyToRow(this, _element);
+}
+
+void SettingsViewItem::setDeviceHidden(bool hidden)
+{
+    _deviceHidden = hidden;
+    setHidden(_deviceHidden || _filteredOut);
+}
+
+void SettingsViewItem::setFilteredOut(bool out)
+{
+    _filteredOut = out;
+    setHidden(_deviceHidden || _filteredOut);
 }

@@ -23,9 +23,18 @@ public:
     QTreeWidgetItem* node() const { return _node; }
     void setNode(QTreeWidgetItem* node) { _node = node; }
 
+    // A row is hidden for two reasons that never undo each other: the device's dependencies
+    // hide its setting, or the find filter leaves it out.
+    bool isDeviceHidden() const { return _deviceHidden; }
+    void setDeviceHidden(bool hidden);
+    bool isFilteredOut() const { return _filteredOut; }
+    void setFilteredOut(bool out);
+
 private:
     void fill();
 
     Element* _element;
     QTreeWidgetItem* _node = nullptr;
+    bool _deviceHidden = false;
+    bool _filteredOut = false;
 };

@@ -1,7 +1,9 @@
+#include "../app/StderrCapture.h"
 #include "../elements/Rows.h"
 #include "ModalWatcher.h"
 #include "VirtualPrinterProcess.h"
 #include "app/Configurator.h"
+#include "app/Log.h"
 #include "elements/ButtonElement.h"
 #include "elements/ConcreteElement.h"
 #include "elements/FormElement.h"
@@ -30,6 +32,8 @@
 #include <QTextBrowser>
 #include <QTextDocument>
 #include <QTimer>
+#include <QToolButton>
+#include <QTreeWidgetItemIterator>
 
 namespace {
 
@@ -62,6 +66,21 @@ QWidget* show(SettingsDialog& dialog, const char* id)
     SettingsViewItem* item = dialog.findParamItem(QString::fromLatin1(id));
     dialog.paramList->setCurrentItem(item);
     return item->element()->control();
+}
+
+// The ids of the setting rows the tree shows, in order.
+QString shownRows(const SettingsDialog& dialog)
+{
+    QStringList ids;
+    for (QTreeWidgetItemIterator it(dialog.paramList, QTreeWidgetItemIterator::NoChildren); *it;
+         ++it) {
+        bool shown = true;
+        for (const QTreeWidgetItem* row = *it; row; row = row->parent())
+            shown = shown && !row->isHidden();
+        if (shown)
+            ids << static_cast<SettingsViewItem*>(*it)->element()->id();
+    }
+    return ids.join(' ');
 }
 
 } // namespace
@@ -631,6 +650,106 @@ private slots:
                                     "changeList:Location|General|Lab → Lab2"}));
         QVERIFY(s.sent().isEmpty());
         QCOMPARE(s.dialog.pendingCount(), 2);
+    }
+
+    // Ctrl+F, typing, Escape and "Changed only" narrow the tree and widen it again; a row the
+    // device's rules hide stays hidden until the rule lets it go, whatever the filter says.
+    void findSettingAndChangedOnly()
+    {
+        QTemporaryDir work;
+        QFile rules(work.filePath("dependencies.xml"));
+        QVERIFY(rules.open(QIODevice::WriteOnly));
+        rules.write("<root><Dependencies><TrayDuplex><Hide><Condition><Tray CURRENT='off' "
+                    "IS='EQUAL'/></Condition></Hide></TrayDuplex></Dependencies></root>");
+        rules.close();
+        const QString before = QDir::currentPath();
+        QDir::setCurrent(work.path());
+        const auto restore = qScopeGuard([&before] { QDir::setCurrent(before); });
+        Setup s("<Tray TYPE='EDITBOX' STRING='Tray &lt;b&gt;name' CURRENT='off'/>"
+                "<TrayDuplex TYPE='EDITBOX' STRING='Tray duplex' CURRENT='x'/>");
+        s.dialog.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&s.dialog));
+        const QString all = "SleepTimer Location Tray HostName TestPage";
+        QCOMPARE(shownRows(s.dialog), all);
+        auto* field = s.dialog.findChild<QLineEdit*>("filterField");
+        QTest::keyClick(s.dialog.paramList, Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget(), field);
+        QTest::keyClicks(field, "TRAY");
+        QCOMPARE(shownRows(s.dialog), QString("Tray"));
+        QTest::keyClick(field, Qt::Key_Escape);
+        QCOMPARE(field->text() + shownRows(s.dialog), all);
+        QTest::keyClicks(field, "hostn"); // the id, not the title "Host name"
+        QCOMPARE(shownRows(s.dialog), QString("HostName"));
+        field->clear();
+        QTest::keyClicks(field, "lab"); // the shown value
+        QCOMPARE(shownRows(s.dialog), QString("Location"));
+        QTest::keyClick(field, Qt::Key_Escape);
+
+        auto* tray = qobject_cast<QLineEdit*>(show(s.dialog, "Tray"));
+        tray->setFocus();
+        QTest::keyClick(tray, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(tray, "on"); // the rule lets the duplex row go
+        QTest::keyClick(s.dialog.findChild<QCheckBox*>("changedOnly"), Qt::Key_Space);
+        QTRY_COMPARE(shownRows(s.dialog), QString("Tray"));
+        QTest::keyClicks(field, "dup");
+        QCOMPARE(shownRows(s.dialog), QString());
+        QTest::keyClick(tray, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(tray, "off"); // unchanged again, and the duplex row hidden by the rule
+        QTest::keyClick(field, Qt::Key_Escape);
+        QTest::keyClick(s.dialog.findChild<QCheckBox*>("changedOnly"), Qt::Key_Space);
+        QTRY_COMPARE(shownRows(s.dialog), all);
+    }
+
+    // A secret named by id or title, in any shipped language, is a password field with a
+    // toggle, dots in the tree and the review, and never in the log, even at debug level.
+    void secretsAreMasked_data()
+    {
+        QTest::addColumn<QString>("setting");
+        QTest::addColumn<bool>("secret");
+        QTest::newRow("id") << "<AdminPassword TYPE='EDITBOX' STRING='Access' CURRENT='old1'/>"
+                            << true;
+        QTest::newRow("PIN") << "<Code TYPE='EDITBOX' STRING='Fax PIN' CURRENT='old1'/>" << true;
+        QTest::newRow("German") << "<Zugang TYPE='EDITBOX' STRING='Kennwort' CURRENT='old1'/>"
+                                << true;
+        QTest::newRow("plain") << "<Spindle TYPE='EDITBOX' STRING='Spindle' CURRENT='old1'/>"
+                               << false;
+    }
+
+    void secretsAreMasked()
+    {
+        QFETCH(QString, setting);
+        QFETCH(bool, secret);
+        const QByteArray id = setting.section(' ', 0, 0).mid(1).toLatin1();
+        ChangeReview::setWanted(true);
+        logLevel = kDebugLogLevel;
+        StderrCapture log;
+        Setup s(setting);
+        const auto quiet = qScopeGuard([] { logLevel = kDefaultLogLevel; });
+        auto* field = qobject_cast<QLineEdit*>(show(s.dialog, id));
+        QCOMPARE(field->echoMode(), secret ? QLineEdit::Password : QLineEdit::Normal);
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(field, "new2");
+        QCOMPARE(s.row(id), QString(secret ? "•••" : "new2"));
+        if (auto* toggle = field->parentWidget()->findChild<QToolButton*>("showSecret")) {
+            click(toggle);
+            QCOMPARE(field->echoMode(), QLineEdit::Normal);
+            click(toggle);
+        }
+        QCOMPARE(field->echoMode(), secret ? QLineEdit::Password : QLineEdit::Normal);
+        QString review;
+        QTimer::singleShot(0, [&review] {
+            QWidget* box = QApplication::activeModalWidget();
+            review = box->findChild<QTreeWidget*>("changeList")->topLevelItem(0)->text(2);
+            click(box->findChild<QPushButton*>("reviewApply"));
+        });
+        click(s.dialog.applyBtn);
+        QCOMPARE(review, QString(secret ? "••• → •••" : "old1 → new2"));
+        QVERIFY(s.printer->stateText().contains("CURRENT=\"new2\""));
+        QStringList lines = QString::fromUtf8(log.text()).split('\n');
+        lines = lines.filter(QRegularExpression("^(?!tav-vprinter:)"));
+        const QString text = lines.join('\n');
+        QCOMPARE(text.contains("old1") || text.contains("new2"), !secret);
     }
 
     void resizableAndRememberedPerModel()
