@@ -44,17 +44,6 @@ QByteArray bracketDump(const unsigned char* data, int length)
     return text;
 }
 
-struct DeviceList
-{
-    libusb_device** devices = nullptr;
-    ssize_t count = 0;
-    ~DeviceList()
-    {
-        if (devices)
-            libusb_free_device_list(devices, 1);
-    }
-};
-
 } // namespace
 
 IOClientUsbEp0::IOClientUsbEp0(IOClient* usblp)
@@ -205,8 +194,7 @@ libusb_device* IOClientUsbEp0::findUsbDevice(IOClient* client)
     libusb_context* context = UsbContext::get();
     if (!context)
         return nullptr;
-    DeviceList list;
-    list.count = libusb_get_device_list(context, &list.devices);
+    const UsbContext::DeviceList list(context);
     int bus = 0;
     int address = 0;
     if (!get_usb_bus_address(client, bus, address)) {
@@ -238,8 +226,7 @@ libusb_device* IOClientUsbEp0::findUsbDevice(uint16_t vendor, uint16_t product,
     libusb_context* context = UsbContext::get();
     if (!context)
         return nullptr;
-    DeviceList list;
-    list.count = libusb_get_device_list(context, &list.devices);
+    const UsbContext::DeviceList list(context);
     if (list.count < 0) {
         TAV_LOG(11, "usb_find_devices() failed: <%s>", libusb_strerror(int(list.count)));
         return nullptr;

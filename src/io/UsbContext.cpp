@@ -12,17 +12,6 @@ constexpr uint8_t kPrinterSubclass = 1;
 constexpr uint8_t kBidirectional = 2;
 constexpr int kSerialLength = 256;
 
-struct DeviceList
-{
-    libusb_device** devices = nullptr;
-    ssize_t count = 0;
-    ~DeviceList()
-    {
-        if (devices)
-            libusb_free_device_list(devices, 1);
-    }
-};
-
 // The bulk endpoints of one alternate setting; false unless it has one of each direction.
 bool bulkEndpoints(const libusb_interface_descriptor& setting, UsbContext::PrinterInterface* found)
 {
@@ -67,6 +56,17 @@ bool printerSetting(const libusb_config_descriptor& config, UsbContext::PrinterI
 
 } // namespace
 
+UsbContext::DeviceList::DeviceList(libusb_context* context)
+    : count(libusb_get_device_list(context, &devices))
+{
+}
+
+UsbContext::DeviceList::~DeviceList()
+{
+    if (devices)
+        libusb_free_device_list(devices, 1);
+}
+
 libusb_context* UsbContext::get()
 {
     static bool initialised = false;
@@ -89,8 +89,7 @@ libusb_device* UsbContext::find(const UsbDeviceName& name)
     libusb_context* context = get();
     if (!context)
         return nullptr;
-    DeviceList list;
-    list.count = libusb_get_device_list(context, &list.devices);
+    const UsbContext::DeviceList list(context);
     const QByteArray wanted = name.serial().toUtf8();
     for (ssize_t i = 0; i < list.count; ++i) {
         PrinterInterface printer;
@@ -106,8 +105,7 @@ libusb_device* UsbContext::find(int bus, int address)
     libusb_context* context = get();
     if (!context)
         return nullptr;
-    DeviceList list;
-    list.count = libusb_get_device_list(context, &list.devices);
+    const UsbContext::DeviceList list(context);
     for (ssize_t i = 0; i < list.count; ++i) {
         libusb_device* device = list.devices[i];
         if (libusb_get_bus_number(device) == bus && libusb_get_device_address(device) == address)

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <sys/types.h>
 
 class UsbDeviceName;
 struct libusb_context;
@@ -23,6 +24,18 @@ public:
         uint8_t outEndpoint = 0;
         uint8_t inEndpoint = 0;
         int inPacketSize = 0;
+    };
+
+    // The devices connected now, freed with the list; a count below 0 is libusb's error.
+    struct DeviceList
+    {
+        explicit DeviceList(libusb_context* context);
+        ~DeviceList();
+        DeviceList(const DeviceList&) = delete;
+        DeviceList& operator=(const DeviceList&) = delete;
+
+        libusb_device** devices = nullptr;
+        ssize_t count = 0;
     };
 
     // Made on first use and kept for the life of the process; null when libusb cannot start.
