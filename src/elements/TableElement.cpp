@@ -5,6 +5,7 @@
 #include "elements/MnemonicRegistry.h"
 #include "elements/TraceLog.h"
 
+#include <QCheckBox>
 #include <QDomElement>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -98,6 +99,8 @@ QWidget* TableElement::createControl(QWidget* parent)
         header->setObjectName(QStringLiteral("columnTitle"));
         header->setTextFormat(Qt::PlainText);
         header->setAlignment(Qt::AlignCenter);
+        // A long title takes two lines rather than widening its column past the panel.
+        header->setWordWrap(true);
         QFont font = header->font();
         font.setBold(true);
         header->setFont(font);
@@ -115,7 +118,10 @@ QWidget* TableElement::createControl(QWidget* parent)
             if (!cell)
                 continue;
             QWidget* widget = createCellControl(cell, table, r, c);
-            grid->addWidget(widget, r + 1, c + 1);
+            // A bare check box sits under the middle of its column title.
+            const auto* box = qobject_cast<QCheckBox*>(cell->control());
+            grid->addWidget(widget, r + 1, c + 1,
+                            box && box->text().isEmpty() ? Qt::AlignCenter : Qt::Alignment());
             if (!first)
                 first = cell->control() ? cell->control() : widget;
         }
@@ -140,6 +146,12 @@ QWidget* TableElement::createCellControl(Element* cell, QWidget* grid, int row, 
                                   .filter(QRegularExpression(QStringLiteral("\\S")));
     if (QWidget* input = cell->control(); input && !place.isEmpty())
         input->setAccessibleName(place.join(QStringLiteral(", ")));
+    // Under a column title a check box's own text only repeats it, and would widen the table
+    // beyond the panel.
+    if (auto* box = qobject_cast<QCheckBox*>(cell->control()); box && !columnTitle.isEmpty()) {
+        box->setToolTip(box->text().remove(QLatin1Char('&')));
+        box->setText(QString());
+    }
     return widget;
 }
 
