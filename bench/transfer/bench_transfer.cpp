@@ -2,8 +2,8 @@
 // TAVClient, beside the bare throughput of the same pseudo-terminal, and prints the ratio.
 
 #include "../parse/SpecGenerator.h"
+#include "ClientFetch.h"
 #include "app/Log.h"
-#include "io/TAVClient.h"
 #include "vprinter/VirtualPrinter.h"
 
 #include <QElapsedTimer>
@@ -55,17 +55,6 @@ double bareMilliseconds(int master, const QString& slavePath, int size)
     return received == size ? elapsed : -1;
 }
 
-double clientMilliseconds(const QString& path, int expected)
-{
-    TAVClient client(path, nullptr);
-    client.setTimings(200, 200, 3000);
-    QElapsedTimer clock;
-    clock.start();
-    const QString text = client.getSpecification_tav();
-    const double elapsed = double(clock.nsecsElapsed()) / 1e6;
-    return text.size() == expected ? elapsed : -1;
-}
-
 bool measure(const QString& folder, int size)
 {
     const QString file = folder + QStringLiteral("/spec-%1.xml").arg(size);
@@ -93,7 +82,8 @@ bool measure(const QString& folder, int size)
     for (int round = 0; round < kRounds; ++round) {
         const double bareMs =
             bareMilliseconds(printer.masterDescriptor(), printer.devicePath(), int(text.size()));
-        const double clientMs = clientMilliseconds(printer.devicePath(), int(text.size()));
+        const double clientMs =
+            ClientFetch::milliseconds(printer.devicePath(), int(text.size()), 3000);
         if (bareMs < 0 || clientMs < 0) {
             client = 1e18;
             break;

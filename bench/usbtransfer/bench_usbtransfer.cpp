@@ -4,8 +4,8 @@
 // scripts/usb-guest/run-bench.sh boots it.
 
 #include "../parse/SpecGenerator.h"
+#include "../transfer/ClientFetch.h"
 #include "app/Log.h"
-#include "io/TAVClient.h"
 #include "io/TAVCommand.h"
 
 #include <QElapsedTimer>
@@ -56,18 +56,6 @@ double bareMilliseconds(int size)
     return received == size ? elapsed : -1;
 }
 
-// Milliseconds for the program's client: size request, wake-ups and text, as at start-up.
-double clientMilliseconds(int size)
-{
-    TAVClient client(QString::fromLatin1(kLp), nullptr);
-    client.setTimings(200, 200, 5000);
-    QElapsedTimer clock;
-    clock.start();
-    const QString text = client.getSpecification_tav();
-    const double elapsed = double(clock.nsecsElapsed()) / 1e6;
-    return text.size() == size ? elapsed : -1;
-}
-
 bool measure(int size)
 {
     const QByteArray text = SpecGenerator::ofSize(size);
@@ -78,7 +66,8 @@ bool measure(int size)
     // Alternating rounds see the same load; the best of each is the honest figure.
     for (int round = 0; round < kRounds; ++round) {
         const double bareMs = bareMilliseconds(int(text.size()));
-        const double clientMs = clientMilliseconds(int(text.size()));
+        const double clientMs =
+            ClientFetch::milliseconds(QString::fromLatin1(kLp), int(text.size()), 5000);
         if (bareMs < 0 || clientMs < 0)
             return false;
         bare = qMin(bare, bareMs);

@@ -90,11 +90,12 @@ bool restoreFactory(Element* element, void*)
     return true;
 }
 
-// Gathers the settings whose value differs from the device's, with every element above them.
+// Gathers the settings whose value differs from the device's, by title, with every element
+// above them.
 struct ChangeSearch
 {
     QSet<const Element*> marked;
-    int pending = 0;
+    QStringList titles;
 };
 
 bool findChanged(Element* element, void* data)
@@ -103,18 +104,9 @@ bool findChanged(Element* element, void* data)
     if (!concrete || !concrete->isChanged())
         return true;
     auto* search = static_cast<ChangeSearch*>(data);
-    ++search->pending;
+    search->titles.append(concrete->title());
     for (const Element* e = element; e && !search->marked.contains(e); e = e->parentElement())
         search->marked.insert(e);
-    return true;
-}
-
-// The titles of the settings that wait to be sent.
-bool collectPendingTitle(Element* element, void* data)
-{
-    auto* concrete = qobject_cast<ConcreteElement*>(element);
-    if (concrete && concrete->isChanged())
-        static_cast<QStringList*>(data)->append(concrete->title());
     return true;
 }
 
@@ -404,7 +396,7 @@ void SettingsDialog::markChanges()
             item->setFont(0, font);
         }
     }
-    _pending = search.pending;
+    _pending = int(search.titles.size());
     pendingLabel->setText(_pending == 0   ? _status
                           : _pending == 1 ? tr("1 pending change")
                                           : tr("%1 pending changes").arg(_pending));
@@ -518,9 +510,10 @@ bool SettingsDialog::sendChanges(const QString& id)
     if (!_configurator)
         return false;
     Element* scope = !id.isEmpty() && _root ? _root->findElement(id) : _root;
-    QStringList pending;
+    ChangeSearch search;
     if (scope)
-        scope->iterateElements(collectPendingTitle, &pending);
+        scope->iterateElements(findChanged, &search);
+    const QStringList& pending = search.titles;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const bool accepted = _configurator->applySettings(id);
     QApplication::restoreOverrideCursor();
